@@ -1,0 +1,11 @@
+#include "events/SceneObjectAboutToDeleteEvent.h"
+
+namespace TES {
+
+SceneObjectAboutToDeleteEvent::SceneObjectAboutToDeleteEvent(SceneObjectInfo const &info)
+    : SceneObjectEvent(EVT_SCENE_CHILDABOUTTODELETE, info)
+{}
+
+SceneObjectAboutToDeleteEvent::~SceneObjectAboutToDeleteEvent() = default;
+
+} // namespace TES
