@@ -90,7 +90,7 @@ PropertyCategory *PropertyModel::addCategory(QString const &id)
 
 bool PropertyModel::removeCategory(QString const &id)
 {
-    PropertyCategory *found = category(id);
+    PropertyCategory *found = _destroying ? nullptr : category(id);
     if (!found)
         return false;
     _categories.remove(found);
@@ -119,7 +119,7 @@ PropertyGroup *PropertyModel::addGroup(QString const &id)
 
 bool PropertyModel::removeGroup(QString const &id)
 {
-    PropertyGroup *found = group(id);
+    PropertyGroup *found = _destroying ? nullptr : group(id);
     if (!found)
         return false;
     PropertyOwner const owner = findOwner(id);
@@ -169,6 +169,8 @@ Property *PropertyModel::addProperty(QString const &type, QString const &id,
 
 bool PropertyModel::removeProperty(QString const &id)
 {
+    if (_destroying)
+        return false;
     auto it = _properties.find(id);
     if (it == _properties.end())
         return false;
@@ -325,7 +327,7 @@ void PropertyModel::_eraseExpiredListeners()
 void PropertyModel::propertyValueChanged(Property *property, QVariant const &oldValue,
                                          QVariant const &newValue, PropertyChangeReason reason)
 {
-    if (!property->getEventsEnabled())
+    if (!property || !property->getEventsEnabled())
         return;
     _notify([&](IPropertyModelListener *listener) {
         listener->propertyValueChanged(property, oldValue, newValue, reason);
@@ -334,31 +336,39 @@ void PropertyModel::propertyValueChanged(Property *property, QVariant const &old
 
 void PropertyModel::propertyStateChanged(Property *property)
 {
-    if (!property->getEventsEnabled())
+    if (!property || !property->getEventsEnabled())
         return;
     _notify([&](IPropertyModelListener *listener) { listener->propertyStateChanged(property); });
 }
 
 void PropertyModel::categoryExpandStateChanged(PropertyCategory *category)
 {
+    if (!category)
+        return;
     QString const id = category->id();
     _notify([&](IPropertyModelListener *listener) { listener->categoryExpandStateChanged(id); });
 }
 
 void PropertyModel::categoryVisibleStateChanged(PropertyCategory *category)
 {
+    if (!category)
+        return;
     QString const id = category->id();
     _notify([&](IPropertyModelListener *listener) { listener->categoryVisibleStateChanged(id); });
 }
 
 void PropertyModel::groupExpandStateChanged(PropertyGroup *group)
 {
+    if (!group)
+        return;
     QString const id = group->id();
     _notify([&](IPropertyModelListener *listener) { listener->groupExpandStateChanged(id); });
 }
 
 void PropertyModel::groupVisibleStateChanged(PropertyGroup *group)
 {
+    if (!group)
+        return;
     QString const id = group->id();
     _notify([&](IPropertyModelListener *listener) { listener->groupVisibleStateChanged(id); });
 }
@@ -366,7 +376,7 @@ void PropertyModel::groupVisibleStateChanged(PropertyGroup *group)
 void PropertyModel::raisePropertyEvent(Property *property, unsigned int event,
                                        std::map<QString, QVariant> const &params)
 {
-    if (!property->getEventsEnabled())
+    if (!property || !property->getEventsEnabled())
         return;
     _notify([&](IPropertyModelListener *listener) {
         listener->propertyEventRaised(property, event, params);
