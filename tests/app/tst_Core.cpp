@@ -2,18 +2,25 @@
 #include "app/CoreLifecycleListener.h"
 #include "events/EventBus.h"
 #include "services/Log.h"
+#include "support/ModalAnswerer.h"
 #include "support/RecordingHandler.h"
+#include "windows/TesseraWindow.h"
 
 #include <QDir>
+#include <QDockWidget>
 #include <QFile>
+#include <QMessageBox>
 #include <QStandardPaths>
 #include <QtTest>
 
 #include <cstdio>
 #include <fcntl.h>
+#include <functional>
 #include <unistd.h>
 
 using namespace TES;
+using TES::Test::ModalAnswerer;
+using TES::Test::RecordingHandler;
 
 namespace {
 
@@ -53,6 +60,32 @@ QString captureStdout(Fn fn)
     return QString::fromLocal8Bit(file.readAll());
 }
 
+// A started Core for one test; stops it at the end, and deletes the window that Core leaves
+// for the process to end.
+class Started
+{
+public:
+    Started() { core.initialize({}); }
+    ~Started()
+    {
+        core.destroy();
+        delete TesseraWindow::ip();
+    }
+    Core core;
+};
+
+// Runs the event loop with `start` as its first task, until something ends it. The exit
+// must happen inside a running loop: an exit outside one would end the next dialog at once.
+int runUntilExit(std::function<void()> start)
+{
+    QTimer::singleShot(0, qApp, std::move(start));
+    QTimer guard; // a hung run fails instead of blocking the suite
+    guard.setSingleShot(true);
+    QObject::connect(&guard, &QTimer::timeout, [] { QCoreApplication::exit(-1); });
+    guard.start(60000);
+    return QCoreApplication::exec();
+}
+
 } // namespace
 
 class tst_Core : public QObject
@@ -61,6 +94,12 @@ class tst_Core : public QObject
 
 private slots:
     void startAndStop();
+    void windowStateAcrossRuns();
+    void newDesignAsks();
+    void resetBlanksTheBus();
+    void closeAsksToExit();
+    void cleanProjectIsNotOfferedForSaving();
+    void saveAsProposesAFile();
 };
 
 void tst_Core::startAndStop()
@@ -82,7 +121,9 @@ void tst_Core::startAndStop()
     bool started = false;
     QString const printed = captureStdout([&] { started = core.initialize(args); });
     QVERIFY(started);
-    QCOMPARE(printed, QString("Creating TES directory at %1/.tes\n").arg(base));
+    // Qt may add its own warnings to the same stream.
+    QVERIFY2(printed.startsWith(QString("Creating TES directory at %1/.tes\n").arg(base)),
+             qPrintable(printed));
     QVERIFY(QDir(base + "/.tes").exists());
     QCOMPARE(Core::pluginDataDirectory(), QDir(base + "/.tes").canonicalPath());
     QCOMPARE(core.commandLineArgs(), args);
@@ -90,12 +131,22 @@ void tst_Core::startAndStop()
     QVERIFY(listener.busOnAtInit);
     QVERIFY(EventBus::ip());
     QVERIFY(Log::ip());
+    TesseraWindow *window = TesseraWindow::ip();
+    QVERIFY(window);
+    QVERIFY(window->isVisible());
+    QVERIFY(!window->parent());
 
     core.destroy();
     QCOMPARE(listener.calls, QStringList({"initialized", "destroying"}));
     QVERIFY(listener.servicesAliveAtDestroy);
     QVERIFY(!EventBus::ip());
     QVERIFY(!Log::ip());
+    // Hidden, not deleted, with its arrangement saved.
+    QCOMPARE(TesseraWindow::ip(), window);
+    QVERIFY(!window->isVisible());
+    QVERIFY(QFile::exists(base + "/.tes/mainwindow.state"));
+    QVERIFY(QFile::exists(base + "/.tes/mainwindow.geom"));
+    delete window;
 
     QFile log("tessera.log");
     QVERIFY(log.open(QIODevice::ReadOnly | QIODevice::Text));
@@ -108,8 +159,104 @@ void tst_Core::startAndStop()
     Core::_instance = nullptr;
     Core again;
     QString const second = captureStdout([&] { again.initialize({}); });
-    QCOMPARE(second, QString());
+    QVERIFY2(!second.contains("Creating"), qPrintable(second));
     again.destroy();
+    delete TesseraWindow::ip();
+}
+
+void tst_Core::windowStateAcrossRuns()
+{
+    {
+        Started first;
+        TesseraWindow &window = TesseraWindow::i();
+        window.addDockWidget(Qt::TopDockWidgetArea, window.consoleDock());
+        window.addDockWidget(Qt::LeftDockWidgetArea, window.propertyEditorDock());
+    }
+    // The next run comes up as the last one ended.
+    Started second;
+    TesseraWindow &window = TesseraWindow::i();
+    QCOMPARE(window.dockWidgetArea(window.consoleDock()), Qt::TopDockWidgetArea);
+    QCOMPARE(window.dockWidgetArea(window.propertyEditorDock()), Qt::LeftDockWidgetArea);
+    QCOMPARE(window.dockWidgetArea(window.toolBoxDock()), Qt::RightDockWidgetArea);
+    window.resetState();
+    QCOMPARE(window.dockWidgetArea(window.consoleDock()), Qt::BottomDockWidgetArea);
+}
+
+void tst_Core::newDesignAsks()
+{
+    Started started;
+    RecordingHandler recorder(EVM_PROJECT);
+
+    // A clean project: only the one question.
+    ModalAnswerer refuse({"No"});
+    QVERIFY(started.core.newDesign());
+    QCOMPARE(refuse.seen, QStringList({"Create New Design | Create New Design? | "}));
+    QVERIFY(recorder.events.isEmpty());
+
+    ModalAnswerer accept({"Yes"});
+    QVERIFY(started.core.newDesign());
+    QCOMPARE(accept.seen, QStringList({"Create New Design | Create New Design? | "}));
+    QCOMPARE(recorder.types(),
+             QList<unsigned long long>({EVT_PROJECT_PREBLANK, EVT_PROJECT_REQUEST_BLANK,
+                                        EVT_PROJECT_POSTBLANK, EVT_PROJECT_NEW}));
+}
+
+void tst_Core::resetBlanksTheBus()
+{
+    Started started;
+    RecordingHandler persistent(EVM_PROJECT, true, "kept");
+    RecordingHandler passing(EVM_PROJECT, false, "dropped");
+    EventBus::i().raiseEvent(QSharedPointer<Event>::create(EVT_PROJECT_STATE, EVM_PROJECT));
+
+    started.core.reset();
+    // The queued event is dropped with the project, and so is the handler that doesn't last.
+    QList<unsigned long long> const blank{EVT_PROJECT_PREBLANK, EVT_PROJECT_REQUEST_BLANK,
+                                          EVT_PROJECT_POSTBLANK};
+    QCOMPARE(persistent.types(), blank);
+    QVERIFY(passing.events.isEmpty());
+    QVERIFY(EventBus::i().getEventsEnabled());
+}
+
+void tst_Core::closeAsksToExit()
+{
+    Started started;
+    TesseraWindow &window = TesseraWindow::i();
+
+    ModalAnswerer refuse({"No"});
+    QVERIFY(!started.core.close());
+    QCOMPARE(refuse.seen, QStringList({"Confirm Exit | Exit Tessera? | "}));
+    QVERIFY(window.isVisible());
+
+    ModalAnswerer accept({"Yes"});
+    bool closing = false;
+    QCOMPARE(runUntilExit([&] { closing = started.core.close(); }), 0);
+    QVERIFY(closing);
+    QCOMPARE(accept.seen, QStringList({"Confirm Exit | Exit Tessera? | "}));
+    // Core ends the loop; hiding the window is the close event's part.
+    QVERIFY(window.isVisible());
+}
+
+void tst_Core::cleanProjectIsNotOfferedForSaving()
+{
+    Started started;
+    ModalAnswerer answers({"Yes"});
+    QCOMPARE(started.core.promptForSave(), int(QMessageBox::NoRole));
+    QVERIFY(answers.seen.isEmpty());
+}
+
+void tst_Core::saveAsProposesAFile()
+{
+    Started started;
+    QString const proposal = QDir::current().absoluteFilePath("MyProject.zip");
+
+    ModalAnswerer cancel({"Cancel"});
+    QCOMPARE(started.core.promptForSaveAs(), QString());
+    QCOMPARE(cancel.seen,
+             QStringList({"Save Project As | " + proposal + " | Tessera Project Files (*.zip)"}));
+
+    ModalAnswerer save({"Save"});
+    QCOMPARE(started.core.promptForSaveAs(), proposal);
+    QCOMPARE(save.seen.size(), 1);
 }
 
 QTEST_MAIN(tst_Core)
