@@ -15,7 +15,6 @@
 
 #include <cstdio>
 #include <fcntl.h>
-#include <functional>
 #include <unistd.h>
 
 using namespace TES;
@@ -74,18 +73,6 @@ public:
     Core core;
 };
 
-// Runs the event loop with `start` as its first task, until something ends it. The exit
-// must happen inside a running loop: an exit outside one would end the next dialog at once.
-int runUntilExit(std::function<void()> start)
-{
-    QTimer::singleShot(0, qApp, std::move(start));
-    QTimer guard; // a hung run fails instead of blocking the suite
-    guard.setSingleShot(true);
-    QObject::connect(&guard, &QTimer::timeout, [] { QCoreApplication::exit(-1); });
-    guard.start(60000);
-    return QCoreApplication::exec();
-}
-
 } // namespace
 
 class tst_Core : public QObject
@@ -97,7 +84,6 @@ private slots:
     void windowStateAcrossRuns();
     void newDesignAsks();
     void resetBlanksTheBus();
-    void closeAsksToExit();
     void cleanProjectIsNotOfferedForSaving();
     void saveAsProposesAFile();
 };
@@ -215,25 +201,6 @@ void tst_Core::resetBlanksTheBus()
     QCOMPARE(persistent.types(), blank);
     QVERIFY(passing.events.isEmpty());
     QVERIFY(EventBus::i().getEventsEnabled());
-}
-
-void tst_Core::closeAsksToExit()
-{
-    Started started;
-    TesseraWindow &window = TesseraWindow::i();
-
-    ModalAnswerer refuse({"No"});
-    QVERIFY(!started.core.close());
-    QCOMPARE(refuse.seen, QStringList({"Confirm Exit | Exit Tessera? | "}));
-    QVERIFY(window.isVisible());
-
-    ModalAnswerer accept({"Yes"});
-    bool closing = false;
-    QCOMPARE(runUntilExit([&] { closing = started.core.close(); }), 0);
-    QVERIFY(closing);
-    QCOMPARE(accept.seen, QStringList({"Confirm Exit | Exit Tessera? | "}));
-    // Core ends the loop; hiding the window is the close event's part.
-    QVERIFY(window.isVisible());
 }
 
 void tst_Core::cleanProjectIsNotOfferedForSaving()
