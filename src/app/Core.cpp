@@ -2,6 +2,7 @@
 
 #include "app/CoreLifecycleListener.h"
 #include "events/EventBus.h"
+#include "services/GlobalState.h"
 #include "services/Log.h"
 
 #include <QDir>
@@ -27,11 +28,16 @@ bool Core::initialize(CommandLineParser::ArgumentMap const &args)
 {
     // The bus starts off: nothing raised before it is switched on below reaches anybody.
     new EventBus();
+    new GlobalState();
     // The Log comes last of the services, since its constructor reads the user's log level.
     new Log("tessera.log", true);
 
     _args = args;
     _createApplicationDirectory();
+
+    // After the plug-in is loaded: the user file lies in the plug-in's data directory.
+    GlobalState::i().loadUserState();
+    GlobalState::i().setString(GlobalPropertyType::Session, 9, "."); // LAST_PROJECT_DIR
 
     EventBus::i().setEventsEnabled(true);
     Log::i().writeMessage("Initialization complete.", "Core", LogSeverity::Info, LogLevel::User);
@@ -47,6 +53,8 @@ void Core::destroy()
 {
     if (_listener)
         _listener->coreDestroying();
+    if (GlobalState::ip())
+        GlobalState::ip()->saveUserState();
 
     if (Log::ip())
         Log::ip()->writeMessage("Destroying Tessera Systems", "Core", LogSeverity::Info,
@@ -56,6 +64,7 @@ void Core::destroy()
 
     // The others log as they go: the Log dies last.
     EventBus::destroy();
+    GlobalState::destroy();
     Log::destroy();
 }
 
