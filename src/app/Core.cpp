@@ -20,21 +20,22 @@ Core *Core::_instance = nullptr;
 
 namespace {
 
-// What the services still to come will answer; each is replaced by the call it names.
-
 bool projectDirty()
 {
-    return false; // GlobalState::getDirty()
+    return GlobalState::ip() && GlobalState::ip()->getDirty();
 }
 
+// What the services still to come will answer; each is replaced by the call it names.
 QString currentFile()
 {
     return QString(); // DataManager::currentFile()
 }
 
+// The session value LAST_PROJECT_DIR, which initialize() sets to ".".
 QString lastProjectDir()
 {
-    return "."; // the session value LAST_PROJECT_DIR, which initialize() sets to "."
+    return GlobalState::ip() ? GlobalState::ip()->getString(GlobalPropertyType::Session, 9)
+                             : QString();
 }
 
 // The project commands' questions: a box on the stack over the main window with custom "Yes"

@@ -9,6 +9,7 @@
 #include "services/Log.h"
 #include "support/LogRecorder.h"
 #include "support/RecordingHandler.h"
+#include "windows/TesseraWindow.h"
 
 #include <QDir>
 #include <QFile>
@@ -605,7 +606,9 @@ void tst_GlobalState::userStateSurvivesCoreRestart()
     QCOMPARE(GlobalState::i().getString(G::Session, 9), QString("."));
     // Start-up ends with the clean request: a new GlobalState starts dirty.
     QCOMPARE(GlobalState::i().getDirty(), false);
+    QCOMPARE(TesseraWindow::i().windowTitle(), QString("Corvane Graphics Tessera"));
     QVERIFY(GlobalState::i().setInt(G::User, 1, 0x123456));
+    QCOMPARE(TesseraWindow::i().windowTitle(), QString("Corvane Graphics Tessera*"));
     QVERIFY(GlobalState::i().setInt(G::User, 0, 1));
     QCOMPARE(Log::i().getLevel(), LogLevel::Debug); // the preference moves the level at once
     QVERIFY(GlobalState::i().setInt(G::Project, 2, 25));
