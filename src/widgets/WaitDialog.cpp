@@ -3,6 +3,7 @@
 #include "services/AsynchronousJob.h"
 #include "services/ProgressMaxSetEvent.h"
 #include "services/ProgressTextEvent.h"
+#include "windows/TesseraWindow.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
@@ -16,19 +17,9 @@
 
 namespace TES {
 
-namespace {
-
-// The dialog's parent: the main window, or none (a run without a window, as in tests).
-QWidget *hostWindow()
-{
-    // SEAM: becomes TesseraWindow::ip() once the main window exists.
-    return nullptr;
-}
-
-} // namespace
-
+// Without a main window (as in tests) the dialog has no parent and centres on the screen.
 WaitDialog::WaitDialog(const QString &title, unsigned int width, unsigned int height)
-    : QDialog(hostWindow()), _monitor(this), _queue(this)
+    : QDialog(TesseraWindow::ip()), _monitor(this), _queue(this)
 {
     setWindowTitle(title);
     setWindowIcon(QIcon(QStringLiteral(":/resources/tessera_icon_32x32.png")));

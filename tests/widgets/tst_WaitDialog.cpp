@@ -4,6 +4,7 @@
 #include "services/ProgressMonitor.h"
 #include "services/ProgressTextEvent.h"
 #include "widgets/WaitDialog.h"
+#include "windows/TesseraWindow.h"
 
 #include <QLabel>
 #include <QProgressBar>
@@ -87,6 +88,7 @@ private slots:
     void cleanup();
 
     void frame();
+    void centredOnTheMainWindow();
     void eventsDriveTheBarAndLabel();
     void runsTwoJobsOnPoolThreads();
     void closeRequestCancels_data();
@@ -133,6 +135,42 @@ void tst_WaitDialog::frame()
     QCOMPARE(barCorner.x(), 10);
     QVERIFY(labelOf(dialog)->mapTo(&dialog, QPoint(0, 0)).y()
             >= barCorner.y() + barOf(dialog)->height());
+}
+
+void tst_WaitDialog::centredOnTheMainWindow()
+{
+    TesseraWindow window;
+    window.setGeometry(40, 30, 900, 500);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+
+    WaitDialog dialog("Saving Project", 320, 90);
+    QCOMPARE(dialog.parentWidget(), &window);
+    QVERIFY(dialog.isWindow());
+    QCOMPARE(dialog.mapToGlobal(dialog.rect().center()),
+             window.mapToGlobal(window.rect().center()));
+
+    auto *job = new GatedJob([](ProgressMonitor &monitor, GatedJob &job) {
+        monitor.setProgressText("Over the window");
+        job.waitForGate();
+    });
+    dialog.addJob(job);
+    bool driven = false;
+    bool rescued = false;
+    runDriven(
+        dialog,
+        [&] {
+            QTRY_COMPARE(labelOf(dialog)->text(), QString("Over the window"));
+            QCOMPARE(QApplication::activeModalWidget(), &dialog);
+            QVERIFY(window.isVisible());
+            driven = true;
+            job->openGate();
+        },
+        rescued);
+    QVERIFY(!rescued);
+    QVERIFY(driven);
+    QVERIFY(!dialog.isVisible());
+    QVERIFY(window.isVisible());
 }
 
 void tst_WaitDialog::eventsDriveTheBarAndLabel()
