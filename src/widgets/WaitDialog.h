@@ -39,8 +39,11 @@ public:
     int run();
 
 protected:
+    // Sets the cancel flag and refuses: the queue's end is what closes the dialog.
     void closeEvent(QCloseEvent *e) override;
+    // Handles the posted reports 1101, 1102, 1103 and the queue's end, 2000.
     bool event(QEvent *e) override;
+    // Escape is a close request too.
     void keyPressEvent(QKeyEvent *e) override;
 
 private:
