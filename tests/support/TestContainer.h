@@ -21,7 +21,7 @@ namespace TES::Test {
 // same. Children are saved inside the container's JSON form as "children", each with its
 // factory's type, and made again through SceneManager on load.
 //
-// Deleting a container does not delete its subtree.
+// Deleting a container does not delete its subtree; a deleted child leaves the list by itself.
 class TestContainer : public TestSceneObject
 {
 public:
@@ -42,6 +42,9 @@ public:
     QList<QPair<QUuid, unsigned int>> moveLog;
 
 private:
+    // A deleted child takes itself out of the list.
+    friend class TestSceneObject;
+
     QList<QUuid> _children;
 };
 

@@ -3,7 +3,9 @@
 #include "events/EventBus.h"
 #include "events/SceneObjectEvent.h"
 #include "properties/Property.h"
+#include "scene/SceneManager.h"
 #include "scene/SceneObjectInfo.h"
+#include "support/TestContainer.h"
 #include "support/TestSceneEvent.h"
 
 #include <QJsonObject>
@@ -15,7 +17,16 @@ TestSceneObject::TestSceneObject()
     model()->addListener(this);
 }
 
-TestSceneObject::~TestSceneObject() = default;
+TestSceneObject::~TestSceneObject()
+{
+    // Deleted through SceneManager: leave the parent's list, silently, since the manager has
+    // raised the one event of a deletion already. The subtree stays where it is.
+    if (!SceneManager::ip() || _parent.isNull())
+        return;
+    auto parent = SceneManager::ip()->getObject(_parent).toStrongRef().dynamicCast<TestContainer>();
+    if (parent)
+        parent->_children.removeAll(id());
+}
 
 QUuid TestSceneObject::parent() const
 {

@@ -18,7 +18,8 @@ class TestContainer;
 // field, a parent link set by the container that takes the object, and the events a concrete
 // object raises for itself: EVT_SCENE_SCENEOBJECTSTATECHANGED when the rectangle or an editor
 // flag changes, EVT_SCENE_SCENEOBJECTRENAMED (a TestSceneEvent with the new name) when "name"
-// changes. The JSON form adds "rectangle" to the host's.
+// changes. The JSON form adds "rectangle" to the host's. An object that ends while its parent
+// lives leaves the parent's list silently; its own children are not deleted with it.
 //
 // For tests: every setRectangle call is logged, changed or not, and rejectPick makes the
 // object refuse hit tests.
