@@ -155,7 +155,9 @@ void Core::reset()
     if (!bus)
         return;
     bus->setEventsEnabled(false);
-    // GlobalState::reset() and SceneManager::reset() join here, in this order.
+    if (GlobalState::ip())
+        GlobalState::ip()->reset();
+    // SceneManager::reset() joins here.
     bus->reset();
     bus->setEventsEnabled(true);
     for (unsigned long long type :
