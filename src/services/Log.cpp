@@ -1,6 +1,7 @@
 #include "services/Log.h"
 
 #include "events/EventBus.h"
+#include "services/GlobalState.h"
 #include "services/LogStateListener.h"
 #include "services/LogThreadMessageEvent.h"
 
@@ -12,32 +13,17 @@ namespace TES {
 
 Log *Log::_instance = nullptr;
 
-namespace {
-
-QString severityWord(LogSeverity severity)
-{
-    switch (severity) {
-    case LogSeverity::Info:
-        return QStringLiteral("Info");
-    case LogSeverity::Warning:
-        return QStringLiteral("Warning");
-    case LogSeverity::Error:
-        return QStringLiteral("Error");
-    }
-    return QString();
-}
-
-} // namespace
-
 Log::Log(QString const &fileName, bool useBuffering) : _useBuffering(useBuffering)
 {
     _instance = this;
     _file.setFileName(fileName);
     _file.open(QIODevice::WriteOnly | QIODevice::Text);
 
-    // The user's LOG_LEVEL preference (user value 0) decides; until GlobalState holds the
-    // preferences, its default applies.
-    _level = LogLevel::User;
+    // The user's LOG_LEVEL preference (User value 0). It is read once, here: the user file is
+    // loaded later in the start-up, and only a change of the value moves the level after that.
+    _level = GlobalState::ip()
+                 ? static_cast<LogLevel>(GlobalState::ip()->getInt(GlobalPropertyType::User, 0))
+                 : LogLevel::User;
 
     writeMessage("Initializing Log System", "Log", LogSeverity::Info, LogLevel::Debug);
     writeMessage("Opening log file: " + fileName, "Log", LogSeverity::Info, LogLevel::Debug);
@@ -53,6 +39,19 @@ Log::~Log()
                  LogLevel::Debug);
     _instance = nullptr;
     _file.close();
+}
+
+QString Log::SeverityWord(LogSeverity severity)
+{
+    switch (severity) {
+    case LogSeverity::Info:
+        return QStringLiteral("Info");
+    case LogSeverity::Warning:
+        return QStringLiteral("Warning");
+    case LogSeverity::Error:
+        return QStringLiteral("Error");
+    }
+    return QString();
 }
 
 Log &Log::i()
@@ -91,7 +90,7 @@ void Log::writeMessage(QString const &message, QString const &source, LogSeverit
     QString const line
         = QString::asprintf("%s[%s]<%s> : %s\n", record.timestamp.toLocal8Bit().constData(),
                             source.toLocal8Bit().constData(),
-                            severityWord(severity).toLocal8Bit().constData(),
+                            SeverityWord(severity).toLocal8Bit().constData(),
                             message.toLocal8Bit().constData())
               .trimmed();
     _file.write(line.toUtf8());
