@@ -336,7 +336,8 @@ void tst_Core::onePluginIsTakenSilently()
              QStringList({"complete coreDestroying", "complete shutdown"}));
     QVERIFY(!PluginManager::i().pluginIsLoaded());
     QVERIFY(!core.getListener());
-    // The window's arrangement belongs to the plug-in.
+    // The user's settings and the window's arrangement belong to the plug-in.
+    QVERIFY(QFile::exists(directory + "/user_config.json"));
     QVERIFY(QFile::exists(directory + "/mainwindow.state"));
     dropLeftovers();
     // The log file is complete once the Log is gone.
@@ -395,6 +396,7 @@ void tst_Core::refusedChoiceEndsTheStart()
     FixturePlugins::install("noinfo", "noinfo");
     FixturePlugins::install("complete", "complete");
     QFile::remove(configBase() + "/.tes/mainwindow.state");
+    QFile::remove(configBase() + "/.tes/user_config.json");
 
     Core core;
     PluginChooser chooser;
@@ -411,6 +413,7 @@ void tst_Core::refusedChoiceEndsTheStart()
     QVERIFY(!EventBus::ip());
     QVERIFY(!Log::ip());
     QVERIFY(QFile::exists(configBase() + "/.tes/mainwindow.state"));
+    QVERIFY(QFile::exists(configBase() + "/.tes/user_config.json"));
     QVERIFY(!logLines().join('\n').contains("Initialization complete."));
     dropLeftovers();
 }

@@ -6,6 +6,7 @@
 #include "properties/IntegerProperty.h"
 #include "services/GlobalState.h"
 #include "services/Log.h"
+#include "services/PluginManager.h"
 #include "support/RecordingHandler.h"
 #include "windows/TesseraWindow.h"
 
@@ -439,6 +440,7 @@ void tst_GlobalState::userStateSurvivesCoreRestart()
     QCOMPARE(Log::i().getLevel(), LogLevel::Debug); // a change of the preference moves it
     QVERIFY(GlobalState::i().setInt(G::Project, 2, 25));
     core.destroy();
+    PluginManager::destroy(); // Core leaves it for the process to end
     QVERIFY(!GlobalState::ip());
     QVERIFY(QFile::exists(config.path() + "/.tes/user_config.json"));
 
@@ -451,6 +453,7 @@ void tst_GlobalState::userStateSurvivesCoreRestart()
     // the default until the preference changes again.
     QCOMPARE(Log::i().getLevel(), LogLevel::User);
     core.destroy();
+    PluginManager::destroy();
 
     qputenv("XDG_CONFIG_HOME", savedConfig);
 }
