@@ -1,0 +1,23 @@
+#include "properties/ButtonPropertyFactory.h"
+
+#include "properties/ButtonProperty.h"
+
+namespace TES {
+
+QString ButtonPropertyFactory::type() const
+{
+    return ButtonProperty::Type();
+}
+
+Property *ButtonPropertyFactory::createProperty(PropertyModel *model, QString const &id,
+                                                std::map<QString, QVariant>) const
+{
+    return new ButtonProperty(model, id);
+}
+
+PropertyViewNameCell *ButtonPropertyFactory::createView(Property *) const
+{
+    return nullptr;
+}
+
+} // namespace TES

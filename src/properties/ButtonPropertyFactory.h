@@ -1,0 +1,20 @@
+#pragma once
+
+#include "properties/IPropertyFactory.h"
+
+namespace TES {
+
+// Makes ButtonProperty objects for PropertyModel::addProperty under the type name
+// "button". The host registers one instance when the library loads.
+class TES_EXPORT ButtonPropertyFactory : public IPropertyFactory
+{
+public:
+    QString type() const override;
+    // A new ButtonProperty; the parameters are not used.
+    Property *createProperty(PropertyModel *model, QString const &id,
+                             std::map<QString, QVariant> params) const override;
+    // No name cell exists for the type yet: returns null.
+    PropertyViewNameCell *createView(Property *property) const override;
+};
+
+} // namespace TES

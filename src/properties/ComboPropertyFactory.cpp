@@ -1,0 +1,23 @@
+#include "properties/ComboPropertyFactory.h"
+
+#include "properties/ComboProperty.h"
+
+namespace TES {
+
+QString ComboPropertyFactory::type() const
+{
+    return AbstractComboProperty::Type();
+}
+
+Property *ComboPropertyFactory::createProperty(PropertyModel *model, QString const &id,
+                                               std::map<QString, QVariant>) const
+{
+    return new ComboProperty(model, id);
+}
+
+PropertyViewNameCell *ComboPropertyFactory::createView(Property *) const
+{
+    return nullptr;
+}
+
+} // namespace TES

@@ -1,0 +1,23 @@
+#include "properties/HexPropertyFactory.h"
+
+#include "properties/HexProperty.h"
+
+namespace TES {
+
+QString HexPropertyFactory::type() const
+{
+    return AbstractHexProperty::Type();
+}
+
+Property *HexPropertyFactory::createProperty(PropertyModel *model, QString const &id,
+                                             std::map<QString, QVariant>) const
+{
+    return new HexProperty(model, id);
+}
+
+PropertyViewNameCell *HexPropertyFactory::createView(Property *) const
+{
+    return nullptr;
+}
+
+} // namespace TES

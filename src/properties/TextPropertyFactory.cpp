@@ -1,0 +1,23 @@
+#include "properties/TextPropertyFactory.h"
+
+#include "properties/TextProperty.h"
+
+namespace TES {
+
+QString TextPropertyFactory::type() const
+{
+    return AbstractTextProperty::Type();
+}
+
+Property *TextPropertyFactory::createProperty(PropertyModel *model, QString const &id,
+                                              std::map<QString, QVariant>) const
+{
+    return new TextProperty(model, id);
+}
+
+PropertyViewNameCell *TextPropertyFactory::createView(Property *) const
+{
+    return nullptr;
+}
+
+} // namespace TES

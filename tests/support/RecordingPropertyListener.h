@@ -1,0 +1,53 @@
+#pragma once
+
+#include "properties/IPropertyModelListener.h"
+
+#include <QList>
+#include <QStringList>
+
+#include <functional>
+
+namespace TES::Test {
+
+// Records every notification of the models it is added to, in order, as "what:id" words
+// ("value:x", "state:x", "categoryExpand:c", "categoryVisible:c", "groupExpand:g",
+// "groupVisible:g", "event:x", "loaded"), with the values of value changes. An optional hook
+// runs inside each notification, for tests of what listeners may do there.
+class RecordingPropertyListener : public IPropertyModelListener
+{
+public:
+    struct Call
+    {
+        QString word;
+        Property *property = nullptr;
+        QVariant oldValue;
+        QVariant newValue;
+        // The property's value as read inside the notification.
+        QVariant valueSeen;
+        PropertyChangeReason reason = PropertyChangeReason::ReasonInternal;
+        unsigned int event = 0;
+    };
+
+    void propertyValueChanged(Property *property, QVariant const &oldValue,
+                              QVariant const &newValue, PropertyChangeReason reason) override;
+    void propertyStateChanged(Property *property) override;
+    void categoryExpandStateChanged(QString const &id) override;
+    void categoryVisibleStateChanged(QString const &id) override;
+    void groupExpandStateChanged(QString const &id) override;
+    void groupVisibleStateChanged(QString const &id) override;
+    void propertyEventRaised(Property *property, unsigned int event,
+                             std::map<QString, QVariant> const &params) override;
+    void modelLoaded() override;
+
+    QStringList words() const;
+    void clear();
+
+    QList<Call> calls;
+    std::function<void(Call const &)> onCall;
+
+private:
+    void _recordWord(QString const &word);
+    void _record(Call const &call);
+};
+
+} // namespace TES::Test
