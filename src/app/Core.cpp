@@ -3,8 +3,12 @@
 #include "app/CoreLifecycleListener.h"
 #include "events/EventBus.h"
 #include "services/Log.h"
+#include "windows/TesseraWindow.h"
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QFileDialog>
+#include <QMessageBox>
 #include <QStandardPaths>
 
 #include <cstdio>
@@ -12,6 +16,49 @@
 namespace TES {
 
 Core *Core::_instance = nullptr;
+
+namespace {
+
+// What the services still to come will answer; each is replaced by the call it names.
+
+bool projectDirty()
+{
+    return false; // GlobalState::getDirty()
+}
+
+QString currentFile()
+{
+    return QString(); // DataManager::currentFile()
+}
+
+QString lastProjectDir()
+{
+    return "."; // the session value LAST_PROJECT_DIR, which initialize() sets to "."
+}
+
+// The project commands' questions: a box on the stack over the main window with custom "Yes"
+// and "No" buttons; the answer is the role of the button clicked. The default button names a
+// standard button that such a box does not hold, so no default results; that stays.
+int ask(QString const &title, QString const &text, QString const &informativeText,
+        QMessageBox::Icon icon, QMessageBox::StandardButton defaultButton,
+        QSize const &size = QSize())
+{
+    QMessageBox box(TesseraWindow::ip());
+    box.setWindowTitle(title);
+    box.setText(text);
+    if (!informativeText.isEmpty())
+        box.setInformativeText(informativeText);
+    box.setIcon(icon);
+    box.addButton("Yes", QMessageBox::YesRole);
+    box.addButton("No", QMessageBox::NoRole);
+    box.setDefaultButton(defaultButton);
+    if (size.isValid())
+        box.resize(size);
+    box.exec();
+    return box.buttonRole(box.clickedButton());
+}
+
+} // namespace
 
 Core::Core()
 {
@@ -33,6 +80,13 @@ bool Core::initialize(CommandLineParser::ArgumentMap const &args)
     _args = args;
     _createApplicationDirectory();
 
+    _window = new TesseraWindow(nullptr);
+    // The selection overlay joins here, once the design surface stands.
+
+    Log::i().writeMessage("Creating main window.", "Core", LogSeverity::Info, LogLevel::Debug);
+    _window->show();
+    _window->loadState();
+
     EventBus::i().setEventsEnabled(true);
     Log::i().writeMessage("Initialization complete.", "Core", LogSeverity::Info, LogLevel::User);
     EventBus::i().raiseEventNow(
@@ -48,11 +102,16 @@ void Core::destroy()
     if (_listener)
         _listener->coreDestroying();
 
+    if (_window)
+        _window->saveState();
     if (Log::ip())
         Log::ip()->writeMessage("Destroying Tessera Systems", "Core", LogSeverity::Info,
                                 LogLevel::Debug);
     if (EventBus::ip())
         EventBus::ip()->setEventsEnabled(false);
+    // Hidden, not deleted: the window lives until the process ends.
+    if (_window)
+        _window->setVisible(false);
 
     // The others log as they go: the Log dies last.
     EventBus::destroy();
@@ -77,6 +136,106 @@ CommandLineParser::ArgumentMap Core::commandLineArgs() const
 QString Core::pluginDataDirectory()
 {
     return QDir(_applicationDirectory()).canonicalPath();
+}
+
+void Core::reset()
+{
+    EventBus *bus = EventBus::ip();
+    if (!bus)
+        return;
+    bus->setEventsEnabled(false);
+    // GlobalState::reset() and SceneManager::reset() join here, in this order.
+    bus->reset();
+    bus->setEventsEnabled(true);
+    for (unsigned long long type :
+         {EVT_PROJECT_PREBLANK, EVT_PROJECT_REQUEST_BLANK, EVT_PROJECT_POSTBLANK})
+        bus->raiseEventNow(QSharedPointer<Event>::create(type, EVM_PROJECT));
+}
+
+bool Core::newDesign()
+{
+    _saveIfAsked();
+
+    // Asked whatever the save did, also when nothing had to be saved.
+    if (ask("Create New Design", "Create New Design?", QString(), QMessageBox::Warning,
+            QMessageBox::No)
+        == QMessageBox::NoRole)
+        return true;
+
+    reset();
+    // DataManager::newDesign() joins here.
+    if (EventBus::ip())
+        EventBus::ip()->raiseEventNow(QSharedPointer<Event>::create(EVT_PROJECT_NEW, EVM_PROJECT));
+    return true;
+}
+
+bool Core::open()
+{
+    // Opening a project comes with DataManager: until then nothing is opened.
+    return false;
+}
+
+bool Core::save(bool prompt)
+{
+    Q_UNUSED(prompt)
+    // Saving comes with DataManager: until then no save goes through.
+    return false;
+}
+
+bool Core::saveAs()
+{
+    // Saving comes with DataManager: until then no save goes through.
+    return false;
+}
+
+bool Core::close()
+{
+    _saveIfAsked();
+
+    // A project saved above stays saved when the user stays.
+    if (promptForExit() != QMessageBox::YesRole)
+        return false;
+
+    if (Log::ip())
+        Log::ip()->writeMessage("Shutting down...", "Tessera", LogSeverity::Info, LogLevel::User);
+    QCoreApplication::exit(0);
+    return true;
+}
+
+int Core::promptForSave()
+{
+    if (!projectDirty())
+        return QMessageBox::NoRole;
+
+    return ask("Save Current Project?", "The current project has unsaved changes.", "Save now?",
+               QMessageBox::Question, QMessageBox::Yes);
+}
+
+QString Core::promptForSaveAs()
+{
+    QString proposal = lastProjectDir();
+    if (!proposal.endsWith(QDir::separator()))
+        proposal += QDir::separator();
+    // The current file is a full path, so the proposal then has two directories in it; the
+    // file dialog copes.
+    QString const file = currentFile();
+    proposal += file.isEmpty() ? QString("MyProject.zip") : file;
+    return QFileDialog::getSaveFileName(TesseraWindow::ip(), "Save Project As", proposal,
+                                        "Tessera Project Files (*.zip)");
+}
+
+int Core::promptForExit()
+{
+    return ask("Confirm Exit", "Exit Tessera?", QString(), QMessageBox::Question, QMessageBox::Yes,
+               QSize(300, 200));
+}
+
+void Core::_saveIfAsked()
+{
+    if (promptForSave() != QMessageBox::YesRole)
+        return;
+    // DataManager::save(), and for a project without a file promptForSaveAs() with
+    // DataManager::saveAs(path), join here. A failed save does not stop the caller.
 }
 
 QString Core::_applicationDirectory()

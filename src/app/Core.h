@@ -8,10 +8,12 @@
 namespace TES {
 
 class CoreLifecycleListener;
+class TesseraWindow;
 
 // The spine of the application: creates the services in a fixed order, picks and loads the
-// plug-in, shows the main window, and tears everything down again in a fixed order. Core
-// keeps almost no state of its own; it is the place where order is decided.
+// plug-in, shows the main window, and tears everything down again in a fixed order. It also
+// runs the project commands of the main window's menus with their dialogs. Core keeps almost
+// no state of its own; it is the place where order is decided.
 //
 // main() creates the one Core on the heap and never deletes it.
 class TES_EXPORT Core
@@ -35,12 +37,33 @@ public:
     // when it does not exist.
     static QString pluginDataDirectory();
 
+    // Blanks the system without asking.
+    void reset();
+    // Offers to save a dirty project, then asks "Create New Design?". Always true.
+    bool newDesign();
+    bool open();
+    // True when a save went through.
+    bool save(bool prompt);
+    bool saveAs();
+    // Offers to save a dirty project, then asks "Exit Tessera?"; true when the application
+    // will exit, and then the event loop has been told to end.
+    bool close();
+
+    // QMessageBox::YesRole or NoRole, as int; NoRole at once for a clean project.
+    int promptForSave();
+    // The chosen path, empty when cancelled.
+    QString promptForSaveAs();
+    // QMessageBox::YesRole or NoRole, as int.
+    int promptForExit();
+
     static Core *_instance;
 
 private:
     static void _createApplicationDirectory();
     static QString _applicationDirectory();
+    void _saveIfAsked();
 
+    TesseraWindow *_window = nullptr;
     CommandLineParser::ArgumentMap _args;
     CoreLifecycleListener *_listener = nullptr;
 };

@@ -12,6 +12,9 @@ class TES_EXPORT SceneObjectInfo
 {
 public:
     SceneObjectInfo() = default;
+    // Takes the index from the tree as it stands: the object's place among its parent's
+    // children. 0 when the object does not resolve, -1 when its parent doesn't (as for a root).
+    explicit SceneObjectInfo(QUuid const &id);
     SceneObjectInfo(QUuid const &id, int parentIndex);
 
     QUuid id() const;

@@ -2,10 +2,14 @@
 #include "app/CoreLifecycleListener.h"
 #include "events/EventBus.h"
 #include "services/Log.h"
+#include "support/ModalAnswerer.h"
 #include "support/RecordingHandler.h"
+#include "windows/TesseraWindow.h"
 
 #include <QDir>
+#include <QDockWidget>
 #include <QFile>
+#include <QMessageBox>
 #include <QStandardPaths>
 #include <QtTest>
 
@@ -14,6 +18,8 @@
 #include <unistd.h>
 
 using namespace TES;
+using TES::Test::ModalAnswerer;
+using TES::Test::RecordingHandler;
 
 namespace {
 
@@ -53,6 +59,20 @@ QString captureStdout(Fn fn)
     return QString::fromLocal8Bit(file.readAll());
 }
 
+// A started Core for one test; stops it at the end, and deletes the window that Core leaves
+// for the process to end.
+class Started
+{
+public:
+    Started() { core.initialize({}); }
+    ~Started()
+    {
+        core.destroy();
+        delete TesseraWindow::ip();
+    }
+    Core core;
+};
+
 } // namespace
 
 class tst_Core : public QObject
@@ -61,6 +81,11 @@ class tst_Core : public QObject
 
 private slots:
     void startAndStop();
+    void windowStateAcrossRuns();
+    void newDesignAsks();
+    void resetBlanksTheBus();
+    void cleanProjectIsNotOfferedForSaving();
+    void saveAsProposesAFile();
 };
 
 void tst_Core::startAndStop()
@@ -82,7 +107,9 @@ void tst_Core::startAndStop()
     bool started = false;
     QString const printed = captureStdout([&] { started = core.initialize(args); });
     QVERIFY(started);
-    QCOMPARE(printed, QString("Creating TES directory at %1/.tes\n").arg(base));
+    // Qt may add its own warnings to the same stream.
+    QVERIFY2(printed.startsWith(QString("Creating TES directory at %1/.tes\n").arg(base)),
+             qPrintable(printed));
     QVERIFY(QDir(base + "/.tes").exists());
     QCOMPARE(Core::pluginDataDirectory(), QDir(base + "/.tes").canonicalPath());
     QCOMPARE(core.commandLineArgs(), args);
@@ -90,12 +117,22 @@ void tst_Core::startAndStop()
     QVERIFY(listener.busOnAtInit);
     QVERIFY(EventBus::ip());
     QVERIFY(Log::ip());
+    TesseraWindow *window = TesseraWindow::ip();
+    QVERIFY(window);
+    QVERIFY(window->isVisible());
+    QVERIFY(!window->parent());
 
     core.destroy();
     QCOMPARE(listener.calls, QStringList({"initialized", "destroying"}));
     QVERIFY(listener.servicesAliveAtDestroy);
     QVERIFY(!EventBus::ip());
     QVERIFY(!Log::ip());
+    // Hidden, not deleted, with its arrangement saved.
+    QCOMPARE(TesseraWindow::ip(), window);
+    QVERIFY(!window->isVisible());
+    QVERIFY(QFile::exists(base + "/.tes/mainwindow.state"));
+    QVERIFY(QFile::exists(base + "/.tes/mainwindow.geom"));
+    delete window;
 
     QFile log("tessera.log");
     QVERIFY(log.open(QIODevice::ReadOnly | QIODevice::Text));
@@ -108,8 +145,85 @@ void tst_Core::startAndStop()
     Core::_instance = nullptr;
     Core again;
     QString const second = captureStdout([&] { again.initialize({}); });
-    QCOMPARE(second, QString());
+    QVERIFY2(!second.contains("Creating"), qPrintable(second));
     again.destroy();
+    delete TesseraWindow::ip();
+}
+
+void tst_Core::windowStateAcrossRuns()
+{
+    {
+        Started first;
+        TesseraWindow &window = TesseraWindow::i();
+        window.addDockWidget(Qt::TopDockWidgetArea, window.consoleDock());
+        window.addDockWidget(Qt::LeftDockWidgetArea, window.propertyEditorDock());
+    }
+    // The next run comes up as the last one ended.
+    Started second;
+    TesseraWindow &window = TesseraWindow::i();
+    QCOMPARE(window.dockWidgetArea(window.consoleDock()), Qt::TopDockWidgetArea);
+    QCOMPARE(window.dockWidgetArea(window.propertyEditorDock()), Qt::LeftDockWidgetArea);
+    QCOMPARE(window.dockWidgetArea(window.toolBoxDock()), Qt::RightDockWidgetArea);
+    window.resetState();
+    QCOMPARE(window.dockWidgetArea(window.consoleDock()), Qt::BottomDockWidgetArea);
+}
+
+void tst_Core::newDesignAsks()
+{
+    Started started;
+    RecordingHandler recorder(EVM_PROJECT);
+
+    // A clean project: only the one question.
+    ModalAnswerer refuse({"No"});
+    QVERIFY(started.core.newDesign());
+    QCOMPARE(refuse.seen, QStringList({"Create New Design | Create New Design? | "}));
+    QVERIFY(recorder.events.isEmpty());
+
+    ModalAnswerer accept({"Yes"});
+    QVERIFY(started.core.newDesign());
+    QCOMPARE(accept.seen, QStringList({"Create New Design | Create New Design? | "}));
+    QCOMPARE(recorder.types(),
+             QList<unsigned long long>({EVT_PROJECT_PREBLANK, EVT_PROJECT_REQUEST_BLANK,
+                                        EVT_PROJECT_POSTBLANK, EVT_PROJECT_NEW}));
+}
+
+void tst_Core::resetBlanksTheBus()
+{
+    Started started;
+    RecordingHandler persistent(EVM_PROJECT, true, "kept");
+    RecordingHandler passing(EVM_PROJECT, false, "dropped");
+    EventBus::i().raiseEvent(QSharedPointer<Event>::create(EVT_PROJECT_STATE, EVM_PROJECT));
+
+    started.core.reset();
+    // The queued event is dropped with the project, and so is the handler that doesn't last.
+    QList<unsigned long long> const blank{EVT_PROJECT_PREBLANK, EVT_PROJECT_REQUEST_BLANK,
+                                          EVT_PROJECT_POSTBLANK};
+    QCOMPARE(persistent.types(), blank);
+    QVERIFY(passing.events.isEmpty());
+    QVERIFY(EventBus::i().getEventsEnabled());
+}
+
+void tst_Core::cleanProjectIsNotOfferedForSaving()
+{
+    Started started;
+    ModalAnswerer answers({"Yes"});
+    QCOMPARE(started.core.promptForSave(), int(QMessageBox::NoRole));
+    QVERIFY(answers.seen.isEmpty());
+}
+
+void tst_Core::saveAsProposesAFile()
+{
+    Started started;
+    QString const proposal = QDir::current().absoluteFilePath("MyProject.zip");
+
+    ModalAnswerer cancel({"Cancel"});
+    QCOMPARE(started.core.promptForSaveAs(), QString());
+    QCOMPARE(cancel.seen,
+             QStringList({"Save Project As | " + proposal + " | Tessera Project Files (*.zip)"}));
+
+    ModalAnswerer save({"Save"});
+    QCOMPARE(started.core.promptForSaveAs(), proposal);
+    QCOMPARE(save.seen.size(), 1);
 }
 
 QTEST_MAIN(tst_Core)

@@ -1,0 +1,9 @@
+#include "services/ProgressTextEvent.h"
+
+namespace TES {
+
+ProgressTextEvent::ProgressTextEvent(QString const &text) : QEvent(EventType), text(text) {}
+
+ProgressTextEvent::~ProgressTextEvent() = default;
+
+} // namespace TES

@@ -1,0 +1,9 @@
+#include "services/ThreadListener.h"
+
+namespace TES {
+
+ThreadListener::ThreadListener(QObject *parent) : QObject(parent) {}
+
+ThreadListener::~ThreadListener() = default;
+
+} // namespace TES

@@ -1,0 +1,78 @@
+#include "support/TestScene.h"
+
+#include "scene/SceneManager.h"
+#include "support/TestContainer.h"
+#include "support/TestContainerFactory.h"
+#include "support/TestLeaf.h"
+#include "support/TestLeafFactory.h"
+
+namespace TES::Test {
+
+namespace {
+
+template<typename T>
+T *find(QUuid const &id)
+{
+    if (!SceneManager::ip())
+        return nullptr;
+    return dynamic_cast<T *>(SceneManager::ip()->getObject(id).toStrongRef().data());
+}
+
+} // namespace
+
+bool TestScene::registerFactories()
+{
+    static TestContainerFactory containerFactory;
+    static TestLeafFactory leafFactory;
+    if (!SceneManager::ip())
+        return false;
+    bool const container
+        = SceneManager::ip()->addObjectFactory(TestContainer::Type(), &containerFactory);
+    bool const leaf = SceneManager::ip()->addObjectFactory(TestLeaf::Type(), &leafFactory);
+    return container && leaf;
+}
+
+QUuid TestScene::addContainer(QUuid const &parent, QRect const &rect, QString const &name)
+{
+    return _add(TestContainer::Type(), parent, rect, name);
+}
+
+QUuid TestScene::addLeaf(QUuid const &parent, QRect const &rect, QString const &name)
+{
+    return _add(TestLeaf::Type(), parent, rect, name);
+}
+
+TestSceneObject *TestScene::object(QUuid const &id)
+{
+    return find<TestSceneObject>(id);
+}
+
+TestContainer *TestScene::container(QUuid const &id)
+{
+    return find<TestContainer>(id);
+}
+
+TestLeaf *TestScene::leaf(QUuid const &id)
+{
+    return find<TestLeaf>(id);
+}
+
+QUuid TestScene::_add(QString const &type, QUuid const &parent, QRect const &rect,
+                      QString const &name)
+{
+    if (!SceneManager::ip())
+        return QUuid();
+    QUuid const id = SceneManager::ip()->createObject(type);
+    TestSceneObject *made = object(id);
+    if (!made)
+        return QUuid();
+    made->setRectangle(rect);
+    made->rectangleLog.clear();
+    if (!name.isEmpty())
+        made->setName(name);
+    if (TestContainer *group = container(parent))
+        group->addChild(id, 0xFFFFFFFF);
+    return id;
+}
+
+} // namespace TES::Test

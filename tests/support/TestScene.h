@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QRect>
+#include <QString>
+#include <QUuid>
+
+namespace TES::Test {
+
+class TestContainer;
+class TestLeaf;
+class TestSceneObject;
+
+// Builds the test scene inside the current SceneManager, which the test creates (and an
+// EventBus too, when it wants the events). The factories are process-wide objects, so a new
+// SceneManager per test function only needs registerFactories() again.
+//
+// A typical set-up:
+//     new EventBus(); EventBus::i().setEventsEnabled(true);
+//     new SceneManager(); TestScene::registerFactories();
+//     QUuid group = TestScene::addContainer(QUuid(), QRect(10, 10, 200, 100));
+//     QUuid item = TestScene::addLeaf(group, QRect(5, 5, 20, 20));
+// and SceneManager::destroy(), EventBus::destroy() in cleanup.
+class TestScene
+{
+public:
+    // Registers TestContainer and TestLeaf under their Type() names. False without a
+    // SceneManager or when they are registered already.
+    static bool registerFactories();
+    // Creates the object through SceneManager, sets its rectangle and name, and adds it at the
+    // end of `parent`'s children when that is a TestContainer, raising the add events. The
+    // null id without a SceneManager.
+    static QUuid addContainer(QUuid const &parent, QRect const &rect,
+                              QString const &name = QString());
+    static QUuid addLeaf(QUuid const &parent, QRect const &rect, QString const &name = QString());
+
+    // The object for an id, null when unknown or of another class. Do not keep the pointer
+    // past the SceneManager.
+    static TestSceneObject *object(QUuid const &id);
+    static TestContainer *container(QUuid const &id);
+    static TestLeaf *leaf(QUuid const &id);
+
+private:
+    static QUuid _add(QString const &type, QUuid const &parent, QRect const &rect,
+                      QString const &name);
+};
+
+} // namespace TES::Test

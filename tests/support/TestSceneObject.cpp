@@ -1,0 +1,96 @@
+#include "support/TestSceneObject.h"
+
+#include "events/EventBus.h"
+#include "events/SceneObjectEvent.h"
+#include "properties/Property.h"
+#include "scene/SceneManager.h"
+#include "scene/SceneObjectInfo.h"
+#include "support/TestContainer.h"
+#include "support/TestSceneEvent.h"
+
+#include <QJsonObject>
+
+namespace TES::Test {
+
+TestSceneObject::TestSceneObject()
+{
+    model()->addListener(this);
+}
+
+TestSceneObject::~TestSceneObject()
+{
+    // Deleted through SceneManager: leave the parent's list, silently, since the manager has
+    // raised the one event of a deletion already. The subtree stays where it is.
+    if (!SceneManager::ip() || _parent.isNull())
+        return;
+    auto parent = SceneManager::ip()->getObject(_parent).toStrongRef().dynamicCast<TestContainer>();
+    if (parent)
+        parent->_children.removeAll(id());
+}
+
+QUuid TestSceneObject::parent() const
+{
+    return _parent;
+}
+
+QRect TestSceneObject::getRectangle()
+{
+    return _rectangle;
+}
+
+void TestSceneObject::setRectangle(QRect const &rect)
+{
+    rectangleLog.append(rect);
+    if (rect == _rectangle)
+        return;
+    _rectangle = rect;
+    Raise(QSharedPointer<SceneObjectEvent>::create(EVT_SCENE_SCENEOBJECTSTATECHANGED,
+                                                   SceneObjectInfo(id())));
+}
+
+bool TestSceneObject::shouldRejectPick() const
+{
+    return rejectPick;
+}
+
+void TestSceneObject::save(QJsonObject &json)
+{
+    TransformSceneObject::save(json);
+    json.insert("rectangle", QJsonObject{{"x", _rectangle.x()},
+                                         {"y", _rectangle.y()},
+                                         {"width", _rectangle.width()},
+                                         {"height", _rectangle.height()}});
+}
+
+bool TestSceneObject::load(QJsonObject const &json)
+{
+    TransformSceneObject::load(json);
+    QJsonObject const rect = json.value("rectangle").toObject();
+    if (!rect.isEmpty()) {
+        _rectangle = QRect(rect.value("x").toInt(), rect.value("y").toInt(),
+                           rect.value("width").toInt(), rect.value("height").toInt());
+    }
+    return true;
+}
+
+void TestSceneObject::propertyValueChanged(Property *property, QVariant const &,
+                                           QVariant const &newValue, PropertyChangeReason)
+{
+    QString const name = property->id();
+    if (name == "name") {
+        Raise(QSharedPointer<TestSceneEvent>::create(EVT_SCENE_SCENEOBJECTRENAMED,
+                                                     QList<SceneObjectInfo>{SceneObjectInfo(id())},
+                                                     newValue.toString()));
+    } else if (name == "editorLocked" || name == "editorHidden" || name == "editorExpanded") {
+        Raise(QSharedPointer<SceneObjectEvent>::create(EVT_SCENE_SCENEOBJECTSTATECHANGED,
+                                                       SceneObjectInfo(id())));
+    }
+}
+
+void TestSceneObject::Raise(QSharedPointer<Event> const &event)
+{
+    if (EventBus::ip())
+        EventBus::ip()->raiseEventNow(event);
+}
+
+} // namespace TES::Test
