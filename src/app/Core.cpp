@@ -2,6 +2,7 @@
 
 #include "app/CoreLifecycleListener.h"
 #include "events/EventBus.h"
+#include "services/GlobalState.h"
 #include "services/Log.h"
 #include "windows/TesseraWindow.h"
 
@@ -19,21 +20,22 @@ Core *Core::_instance = nullptr;
 
 namespace {
 
-// What the services still to come will answer; each is replaced by the call it names.
-
 bool projectDirty()
 {
-    return false; // GlobalState::getDirty()
+    return GlobalState::ip() && GlobalState::ip()->getDirty();
 }
 
+// What the services still to come will answer; each is replaced by the call it names.
 QString currentFile()
 {
     return QString(); // DataManager::currentFile()
 }
 
+// The session value LAST_PROJECT_DIR, which initialize() sets to ".".
 QString lastProjectDir()
 {
-    return "."; // the session value LAST_PROJECT_DIR, which initialize() sets to "."
+    return GlobalState::ip() ? GlobalState::ip()->getString(GlobalPropertyType::Session, 9)
+                             : QString();
 }
 
 // The project commands' questions: a box on the stack over the main window with custom "Yes"
@@ -74,6 +76,7 @@ bool Core::initialize(CommandLineParser::ArgumentMap const &args)
 {
     // The bus starts off: nothing raised before it is switched on below reaches anybody.
     new EventBus();
+    new GlobalState();
     // The Log comes last of the services, since its constructor reads the user's log level.
     new Log("tessera.log", true);
 
@@ -83,9 +86,14 @@ bool Core::initialize(CommandLineParser::ArgumentMap const &args)
     _window = new TesseraWindow(nullptr);
     // The selection overlay joins here, once the design surface stands.
 
+    // After the plug-in is loaded: the user file lies in the plug-in's data directory.
+    GlobalState::i().loadUserState();
+
     Log::i().writeMessage("Creating main window.", "Core", LogSeverity::Info, LogLevel::Debug);
     _window->show();
     _window->loadState();
+
+    GlobalState::i().setString(GlobalPropertyType::Session, 9, "."); // LAST_PROJECT_DIR
 
     EventBus::i().setEventsEnabled(true);
     Log::i().writeMessage("Initialization complete.", "Core", LogSeverity::Info, LogLevel::User);
@@ -101,6 +109,8 @@ void Core::destroy()
 {
     if (_listener)
         _listener->coreDestroying();
+    if (GlobalState::ip())
+        GlobalState::ip()->saveUserState();
 
     if (_window)
         _window->saveState();
@@ -115,6 +125,7 @@ void Core::destroy()
 
     // The others log as they go: the Log dies last.
     EventBus::destroy();
+    GlobalState::destroy();
     Log::destroy();
 }
 
@@ -144,7 +155,9 @@ void Core::reset()
     if (!bus)
         return;
     bus->setEventsEnabled(false);
-    // GlobalState::reset() and SceneManager::reset() join here, in this order.
+    if (GlobalState::ip())
+        GlobalState::ip()->reset();
+    // SceneManager::reset() joins here.
     bus->reset();
     bus->setEventsEnabled(true);
     for (unsigned long long type :

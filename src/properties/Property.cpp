@@ -2,6 +2,7 @@
 
 #include "properties/PropertyModel.h"
 #include "properties/PropertyValidator.h"
+#include "services/GlobalState.h"
 
 namespace TES {
 
@@ -234,8 +235,9 @@ void Property::_load(QJsonObject const &) {}
 
 void Property::_markProjectDirty()
 {
-    // The project's dirty flag lives in GlobalState::setDirty(true); this is the one place
-    // where a property change reaches it. Until GlobalState exists there is nothing to mark.
+    // The one place where a property change reaches the project's dirty flag.
+    if (GlobalState::ip())
+        GlobalState::ip()->setDirty(true);
 }
 
 } // namespace TES

@@ -1,6 +1,7 @@
 #include "services/Log.h"
 
 #include "events/EventBus.h"
+#include "services/GlobalState.h"
 #include "services/LogStateListener.h"
 #include "services/LogThreadMessageEvent.h"
 
@@ -35,9 +36,11 @@ Log::Log(QString const &fileName, bool useBuffering) : _useBuffering(useBufferin
     _file.setFileName(fileName);
     _file.open(QIODevice::WriteOnly | QIODevice::Text);
 
-    // The user's LOG_LEVEL preference (user value 0) decides; until GlobalState holds the
-    // preferences, its default applies.
-    _level = LogLevel::User;
+    // The user's LOG_LEVEL preference (User value 0). It is read once, here: the user file is
+    // loaded later in the start-up, and only a change of the value moves the level after that.
+    _level = GlobalState::ip()
+                 ? static_cast<LogLevel>(GlobalState::ip()->getInt(GlobalPropertyType::User, 0))
+                 : LogLevel::User;
 
     writeMessage("Initializing Log System", "Log", LogSeverity::Info, LogLevel::Debug);
     writeMessage("Opening log file: " + fileName, "Log", LogSeverity::Info, LogLevel::Debug);

@@ -3,7 +3,7 @@
 #include "app/Core.h"
 #include "designer/ScreenDesignerWindow.h"
 #include "events/EventBus.h"
-#include "events/GlobalStateDirtyChangedEvent.h"
+#include "services/GlobalState.h"
 #include "services/Log.h"
 #include "windows/ConsoleWindow.h"
 #include "windows/PropertyEditorWindow.h"
@@ -370,10 +370,6 @@ void TesseraWindow::handleEvent(QSharedPointer<Event> event)
 {
     switch (event->type()) {
     case EVT_GLOBALSTATE_DIRTY_CHANGED:
-        if (auto *changed = dynamic_cast<GlobalStateDirtyChangedEvent *>(event.data()))
-            _dirty = changed->dirty();
-        _updateWindowTitle();
-        break;
     case EVT_PROJECT_REQUEST_RESET:
     case EVT_PROJECT_REQUEST_BLANK:
     case EVT_PROJECT_LOADED:
@@ -446,8 +442,7 @@ void TesseraWindow::_updateWindowTitle()
 
 bool TesseraWindow::_projectDirty() const
 {
-    // GlobalState::getDirty() answers this once the global state stands.
-    return _dirty;
+    return GlobalState::ip() && GlobalState::ip()->getDirty();
 }
 
 QString TesseraWindow::_currentFile() const

@@ -117,8 +117,6 @@ private:
 
     // "About" has no parent object and no connection; the window keeps it alive all the same.
     std::unique_ptr<QAction> _aboutAction;
-    // Until the global state stands, the dirty flag is the one last announced on the bus.
-    bool _dirty = false;
 };
 
 } // namespace TES

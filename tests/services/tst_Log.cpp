@@ -1,5 +1,6 @@
 #include "events/EventBus.h"
 #include "events/GlobalStateChangedEvent.h"
+#include "services/GlobalState.h"
 #include "services/Log.h"
 
 #include <QFile>
@@ -57,6 +58,8 @@ private slots:
     void bufferHandOver();
     void threadMessagesArriveInOrderOnTheMainLoop();
     void levelFollowsGlobalValueZero();
+    void levelComesFromTheUserPreference();
+    void levelFollowsGlobalStateChanges();
 
 private:
     // Outlives every Log of a test: the Log writes its closing line to it.
@@ -74,6 +77,7 @@ void tst_Log::init()
 void tst_Log::cleanup()
 {
     Log::destroy();
+    GlobalState::destroy();
     EventBus::destroy();
 }
 
@@ -184,6 +188,42 @@ void tst_Log::levelFollowsGlobalValueZero()
     EventBus::i().raiseEventNow(QSharedPointer<GlobalStateChangedEvent>::create(
         GlobalPropertyType::User, 0, QVariant(1), QVariant(2)));
     QCOMPARE(log->getLevel(), LogLevel::All);
+}
+
+void tst_Log::levelComesFromTheUserPreference()
+{
+    new GlobalState();
+    QVERIFY(GlobalState::i().setInt(GlobalPropertyType::User, 0, 1));
+    auto *log = new Log("test.log", true);
+    QCOMPARE(log->getLevel(), LogLevel::Debug);
+    // At level Debug the start lines show.
+    log->setListener(&listener);
+    log->flushBuffer();
+    QCOMPARE(listener.texts(),
+             QStringList({"Initializing Log System", "Opening log file: test.log"}));
+}
+
+void tst_Log::levelFollowsGlobalStateChanges()
+{
+    new GlobalState();
+    auto *log = new Log("test.log", false);
+    log->setListener(&listener);
+    QCOMPARE(log->getLevel(), LogLevel::User);
+
+    // The project's boolean SNAP_TOGGLED has id 0 as LOG_LEVEL has: true sets level 1.
+    QVERIFY(GlobalState::i().setBool(GlobalPropertyType::Project, 0, true));
+    QCOMPARE(log->getLevel(), LogLevel::Debug);
+    QCOMPARE(listener.texts(), QStringList({"Setting Log Level to : 1"}));
+    QCOMPARE(listener.messages.last().level, LogLevel::Debug);
+
+    QVERIFY(GlobalState::i().setInt(GlobalPropertyType::User, 0, 2));
+    QCOMPARE(log->getLevel(), LogLevel::All);
+    // Another id leaves it alone.
+    QVERIFY(GlobalState::i().setInt(GlobalPropertyType::User, 1, 0));
+    QCOMPARE(log->getLevel(), LogLevel::All);
+    // And the session's DIRTY_DISABLED, id 0 as well, moves it again.
+    QVERIFY(GlobalState::i().setBool(GlobalPropertyType::Session, 0, true));
+    QCOMPARE(log->getLevel(), LogLevel::Debug);
 }
 
 QTEST_GUILESS_MAIN(tst_Log)

@@ -2,6 +2,7 @@
 #include "designer/ScreenDesignerWindow.h"
 #include "events/EventBus.h"
 #include "events/GlobalStateDirtyChangedEvent.h"
+#include "services/GlobalState.h"
 #include "services/Log.h"
 #include "support/ModalAnswerer.h"
 #include "support/RecordingHandler.h"
@@ -45,8 +46,7 @@ QByteArray readAll(QString const &path)
     return file.readAll();
 }
 
-// The project's dirty flag as the window learns of it. The global state raises this event
-// whenever the flag changes.
+// The event that the global state raises whenever its dirty flag changes, raised by hand.
 void announceDirty(bool dirty)
 {
     EventBus::i().raiseEventNow(QSharedPointer<GlobalStateDirtyChangedEvent>::create(dirty));
@@ -133,6 +133,8 @@ void tst_TesseraWindow::init()
     QFile::remove(stateFile("mainwindow.state"));
     QFile::remove(stateFile("mainwindow.geom"));
     new EventBus();
+    new GlobalState();
+    GlobalState::i().setDirty(false); // as start-up's clean request leaves it
     EventBus::i().setEventsEnabled(true);
     new Log("tessera.log", true);
     // Not started: the window's commands only need it to be there.
@@ -143,6 +145,7 @@ void tst_TesseraWindow::cleanup()
 {
     deleteWindow();
     _core.reset();
+    GlobalState::destroy();
     Log::destroy();
     EventBus::destroy();
 }
@@ -483,13 +486,29 @@ void tst_TesseraWindow::titleFollowsDirtyFlag()
     TesseraWindow &window = makeWindow();
     QCOMPARE(window.windowTitle(), BaseTitle);
 
-    announceDirty(true);
+    GlobalState::i().setDirty(true);
     QCOMPARE(window.windowTitle(), BaseTitle + "*");
     // A new base shows at once, the star kept behind it without a blank.
     window.setBaseTitle("Panel Studio");
     QCOMPARE(window.windowTitle(), QString("Panel Studio*"));
-    announceDirty(false);
+    GlobalState::i().setDirty(false);
     QCOMPARE(window.windowTitle(), QString("Panel Studio"));
+
+    // The flag is what counts, not the event's payload.
+    GlobalState::i().setDirty(true);
+    announceDirty(false);
+    QCOMPARE(window.windowTitle(), QString("Panel Studio*"));
+    GlobalState::i().setDirty(false);
+
+    // End to end through the event stream: a session value is untracked, so only its change
+    // event marks the project; the clean request that ends a load or a blank takes the star
+    // away. Both flag changes are raised inside a delivery and reach the window with the next
+    // pump.
+    QVERIFY(GlobalState::i().setString(GlobalPropertyType::Session, 9, "/projects"));
+    QTRY_COMPARE(window.windowTitle(), QString("Panel Studio*"));
+    EventBus::i().raiseEventNow(
+        QSharedPointer<Event>::create(EVT_GLOBALSTATE_REQUEST_CLEAN, EVM_GLOBALSTATE));
+    QTRY_COMPARE(window.windowTitle(), QString("Panel Studio"));
 }
 
 void tst_TesseraWindow::closeButtonAnsweredNo()
