@@ -2,6 +2,7 @@
 
 #include "app/CoreLifecycleListener.h"
 #include "events/EventBus.h"
+#include "scene/SceneManager.h"
 #include "services/GlobalState.h"
 #include "services/Log.h"
 #include "windows/TesseraWindow.h"
@@ -77,6 +78,7 @@ bool Core::initialize(CommandLineParser::ArgumentMap const &args)
     // The bus starts off: nothing raised before it is switched on below reaches anybody.
     new EventBus();
     new GlobalState();
+    new SceneManager();
     // The Log comes last of the services, since its constructor reads the user's log level.
     new Log("tessera.log", true);
 
@@ -123,7 +125,7 @@ void Core::destroy()
     if (_window)
         _window->setVisible(false);
 
-    // The others log as they go: the Log dies last.
+    // The others log as they go: the Log dies last. SceneManager lives on with the process.
     EventBus::destroy();
     GlobalState::destroy();
     Log::destroy();
@@ -157,7 +159,8 @@ void Core::reset()
     bus->setEventsEnabled(false);
     if (GlobalState::ip())
         GlobalState::ip()->reset();
-    // SceneManager::reset() joins here.
+    if (SceneManager::ip())
+        SceneManager::ip()->reset();
     bus->reset();
     bus->setEventsEnabled(true);
     for (unsigned long long type :

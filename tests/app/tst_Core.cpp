@@ -1,9 +1,11 @@
 #include "app/Core.h"
 #include "app/CoreLifecycleListener.h"
 #include "events/EventBus.h"
+#include "scene/SceneManager.h"
 #include "services/Log.h"
 #include "support/ModalAnswerer.h"
 #include "support/RecordingHandler.h"
+#include "support/TestScene.h"
 #include "windows/TesseraWindow.h"
 
 #include <QDir>
@@ -20,6 +22,7 @@
 using namespace TES;
 using TES::Test::ModalAnswerer;
 using TES::Test::RecordingHandler;
+using TES::Test::TestScene;
 
 namespace {
 
@@ -59,8 +62,8 @@ QString captureStdout(Fn fn)
     return QString::fromLocal8Bit(file.readAll());
 }
 
-// A started Core for one test; stops it at the end, and deletes the window that Core leaves
-// for the process to end.
+// A started Core for one test; stops it at the end, and deletes the window and the scene
+// manager that Core leaves for the process to end.
 class Started
 {
 public:
@@ -69,6 +72,7 @@ public:
     {
         core.destroy();
         delete TesseraWindow::ip();
+        SceneManager::destroy();
     }
     Core core;
 };
@@ -133,6 +137,8 @@ void tst_Core::startAndStop()
     QVERIFY(QFile::exists(base + "/.tes/mainwindow.state"));
     QVERIFY(QFile::exists(base + "/.tes/mainwindow.geom"));
     delete window;
+    QVERIFY(SceneManager::ip()); // left alive too
+    SceneManager::destroy();
 
     QFile log("tessera.log");
     QVERIFY(log.open(QIODevice::ReadOnly | QIODevice::Text));
@@ -148,6 +154,7 @@ void tst_Core::startAndStop()
     QVERIFY2(!second.contains("Creating"), qPrintable(second));
     again.destroy();
     delete TesseraWindow::ip();
+    SceneManager::destroy();
 }
 
 void tst_Core::windowStateAcrossRuns()
@@ -190,17 +197,26 @@ void tst_Core::newDesignAsks()
 void tst_Core::resetBlanksTheBus()
 {
     Started started;
-    RecordingHandler persistent(EVM_PROJECT, true, "kept");
+    TestScene::registerFactories();
+    QUuid const screen = TestScene::addScreen("page");
+    QUuid const item = TestScene::addLeaf(screen, QRect(0, 0, 5, 5));
+    SceneManager::i().setScreenVisible(screen, true);
+    RecordingHandler persistent(EVM_PROJECT | EVM_SCREEN | EVM_SCENE, true, "kept");
     RecordingHandler passing(EVM_PROJECT, false, "dropped");
     EventBus::i().raiseEvent(QSharedPointer<Event>::create(EVT_PROJECT_STATE, EVM_PROJECT));
 
     started.core.reset();
     // The queued event is dropped with the project, and so is the handler that doesn't last.
+    // The scene is emptied while the bus is off, so nobody hears of it.
     QList<unsigned long long> const blank{EVT_PROJECT_PREBLANK, EVT_PROJECT_REQUEST_BLANK,
                                           EVT_PROJECT_POSTBLANK};
     QCOMPARE(persistent.types(), blank);
     QVERIFY(passing.events.isEmpty());
     QVERIFY(EventBus::i().getEventsEnabled());
+    QCOMPARE(SceneManager::i().screenCount(), 0u);
+    QVERIFY(SceneManager::i().getActiveScreen().isNull());
+    QVERIFY(SceneManager::i().visibleScreens().isEmpty());
+    QVERIFY(SceneManager::i().getObject(item).isNull());
 }
 
 void tst_Core::cleanProjectIsNotOfferedForSaving()

@@ -4,6 +4,7 @@
 #include "events/GlobalStateChangedEvent.h"
 #include "events/GlobalStateDirtyChangedEvent.h"
 #include "properties/IntegerProperty.h"
+#include "scene/SceneManager.h"
 #include "services/GlobalState.h"
 #include "services/Log.h"
 #include "support/RecordingHandler.h"
@@ -439,6 +440,7 @@ void tst_GlobalState::userStateSurvivesCoreRestart()
     QCOMPARE(Log::i().getLevel(), LogLevel::Debug); // a change of the preference moves it
     QVERIFY(GlobalState::i().setInt(G::Project, 2, 25));
     core.destroy();
+    SceneManager::destroy(); // left alive by Core
     QVERIFY(!GlobalState::ip());
     QVERIFY(QFile::exists(config.path() + "/.tes/user_config.json"));
 
@@ -451,6 +453,7 @@ void tst_GlobalState::userStateSurvivesCoreRestart()
     // the default until the preference changes again.
     QCOMPARE(Log::i().getLevel(), LogLevel::User);
     core.destroy();
+    SceneManager::destroy();
 
     qputenv("XDG_CONFIG_HOME", savedConfig);
 }
