@@ -461,10 +461,11 @@ void tst_SceneObject::testSceneRaisesTreeEvents()
     QCOMPARE(recorder.types(), QList<unsigned long long>(
                                    {EVT_SCENE_CHILDABOUTTOREPARENT, EVT_SCENE_CHILDREPARENTED}));
     auto reparented = recorder.events.at(1).staticCast<SceneChangeEvent>();
-    QCOMPARE(reparented->infoAt(0).id(), R);
-    QCOMPARE(reparented->infoAt(1).id(), B);
-    QCOMPARE(reparented->infoAt(1).parentIndex(), 0);
-    QCOMPARE(reparented->infoAt(2).id(), C);
+    QCOMPARE(reparented->parentInfo().id(), R);
+    QCOMPARE(reparented->childInfo().id(), B);
+    QCOMPARE(reparented->childInfo().parentIndex(), 0);
+    QCOMPARE(reparented->newParentInfo().id(), C);
+    QCOMPARE(reparented->infoAt(3).id(), QUuid()); // out of range: a default info
     QCOMPARE(TestScene::object(B)->parent(), C);
     QCOMPARE(root->children(false), QList<QUuid>({A, C}));
 

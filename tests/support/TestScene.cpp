@@ -28,6 +28,7 @@ bool TestScene::registerFactories()
     static TestLeafFactory leafFactory;
     if (!SceneManager::ip())
         return false;
+    screenFactory().clear();
     SceneManager::ip()->setScreenFactory(&screenFactory());
     bool const container
         = SceneManager::ip()->addObjectFactory(TestContainer::Type(), &containerFactory);
@@ -45,10 +46,9 @@ QUuid TestScene::addScreen(QString const &name)
 {
     if (!SceneManager::ip())
         return QUuid();
-    QUuid const id = SceneManager::ip()->newScreen(false, false, 0, false);
-    if (!id.isNull() && !name.isEmpty())
-        SceneManager::ip()->setScreenName(id, name);
-    return id;
+    if (!name.isEmpty())
+        screenFactory().nextNames.append(name);
+    return SceneManager::ip()->newScreen(false, false, 0, false);
 }
 
 QUuid TestScene::addContainer(QUuid const &parent, QRect const &rect, QString const &name)

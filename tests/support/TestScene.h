@@ -27,13 +27,13 @@ class TestScene
 {
 public:
     // Registers TestContainer and TestLeaf under their Type() names, and installs the screen
-    // factory. False without a SceneManager or when the object factories are registered
+    // factory, cleared. False without a SceneManager or when the object factories are registered
     // already.
     static bool registerFactories();
     // The process-wide screen factory that registerFactories installs.
     static TestScreenFactory &screenFactory();
-    // A screen through SceneManager::newScreen (not shown, not made active), then named
-    // through SceneManager::setScreenName when a name is given. The null id without a
+    // A screen through SceneManager::newScreen (not shown, not made active), which the factory
+    // names as it is made, so that the list is sorted with the name. The null id without a
     // SceneManager or a screen factory.
     static QUuid addScreen(QString const &name = QString());
     // Creates the object through SceneManager, sets its rectangle and name, and adds it at the

@@ -9,9 +9,17 @@ QSharedPointer<Screen> TestScreenFactory::create(QString const &name)
     names.append(name);
     if (fail)
         return {};
-    if (name.isEmpty())
+    QString const given = name.isEmpty() && !nextNames.isEmpty() ? nextNames.takeFirst() : name;
+    if (given.isEmpty())
         return QSharedPointer<TestScreen>::create();
-    return QSharedPointer<TestScreen>::create(name);
+    return QSharedPointer<TestScreen>::create(given);
+}
+
+void TestScreenFactory::clear()
+{
+    names.clear();
+    nextNames.clear();
+    fail = false;
 }
 
 } // namespace TES::Test
