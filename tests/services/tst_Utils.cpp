@@ -1,5 +1,6 @@
 #include "scene/SceneManager.h"
 #include "services/Constant.h"
+#include "services/DebugPrint.h"
 #include "services/Utils.h"
 #include "support/TestContainer.h"
 #include "support/TestLeaf.h"
@@ -18,10 +19,32 @@
 #include <QVBoxLayout>
 #include <QtTest>
 
+#include <cstdio>
+#include <fcntl.h>
+#include <unistd.h>
+
 using namespace TES;
 using namespace TES::Test;
 
 namespace {
+
+// Runs fn with standard output sent to a file, and answers what it printed.
+template<typename Fn>
+QString captureStdout(Fn fn)
+{
+    std::fflush(stdout);
+    int const saved = dup(STDOUT_FILENO);
+    int const fd = open("stdout.txt", O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    dup2(fd, STDOUT_FILENO);
+    close(fd);
+    fn();
+    std::fflush(stdout);
+    dup2(saved, STDOUT_FILENO);
+    close(saved);
+    QFile file("stdout.txt");
+    file.open(QIODevice::ReadOnly);
+    return QString::fromLocal8Bit(file.readAll());
+}
 
 // The tree of the list operations, in a SceneManager of its own, with the root rectangles:
 //
@@ -98,6 +121,7 @@ private slots:
     void files();
     void clearLayout();
     void checkerboard();
+    void debugPrinters();
     void sceneLookups();
     void trimToAncestors_data();
     void trimToAncestors();
@@ -232,6 +256,17 @@ void tst_Utils::checkerboard()
     QCOMPARE(image.pixelColor(5, 11), light); // each row starts opposite to the one above
     QCOMPARE(image.pixelColor(15, 11), dark);
     QCOMPARE(image.pixelColor(24, 11), light);
+}
+
+void tst_Utils::debugPrinters()
+{
+    QString const printed = captureStdout([] {
+        printQS("caf\u00e9 text");
+        QEvent const press(QEvent::MouseButtonPress);
+        printQEvent(&press);
+        printQEvent(nullptr);
+    });
+    QCOMPARE(printed, QString("caf\u00e9 text\nQEvent MouseButtonPress\n"));
 }
 
 void tst_Utils::sceneLookups()
