@@ -5,6 +5,8 @@
 #include "scene/SceneManager.h"
 #include "services/GlobalState.h"
 #include "services/Log.h"
+#include "services/PluginManager.h"
+#include "widgets/PluginDialog.h"
 #include "windows/TesseraWindow.h"
 
 #include <QCoreApplication>
@@ -78,6 +80,7 @@ bool Core::initialize(CommandLineParser::ArgumentMap const &args)
     // The bus starts off: nothing raised before it is switched on below reaches anybody.
     new EventBus();
     new GlobalState();
+    new PluginManager();
     new SceneManager();
     // The Log comes last of the services, since its constructor reads the user's log level.
     new Log("tessera.log", true);
@@ -87,6 +90,9 @@ bool Core::initialize(CommandLineParser::ArgumentMap const &args)
 
     _window = new TesseraWindow(nullptr);
     // The selection overlay joins here, once the design surface stands.
+
+    if (!_choosePlugin())
+        return false;
 
     // After the plug-in is loaded: the user file lies in the plug-in's data directory.
     GlobalState::i().loadUserState();
@@ -124,6 +130,8 @@ void Core::destroy()
     // Hidden, not deleted: the window lives until the process ends.
     if (_window)
         _window->setVisible(false);
+    if (PluginManager::ip())
+        PluginManager::ip()->unloadPlugin();
 
     // The others log as they go: the Log dies last. SceneManager lives on with the process.
     EventBus::destroy();
@@ -148,7 +156,10 @@ CommandLineParser::ArgumentMap Core::commandLineArgs() const
 
 QString Core::pluginDataDirectory()
 {
-    return QDir(_applicationDirectory()).canonicalPath();
+    QString const name = _pluginName();
+    if (name.isEmpty())
+        return QDir(_applicationDirectory()).canonicalPath();
+    return QDir(_applicationDirectory() + QDir::separator() + name).canonicalPath();
 }
 
 void Core::reset()
@@ -269,6 +280,46 @@ void Core::_createApplicationDirectory()
     directory.mkpath(".tes"); // a failure is ignored: the run goes on without per-user files
     QString const shown = base + QDir::separator();
     std::printf("Creating TES directory at %s.tes\n", shown.toLocal8Bit().constData());
+    std::fflush(stdout);
+}
+
+bool Core::_choosePlugin()
+{
+    std::vector<PluginDescriptor> const plugins = PluginManager::i().availablePlugins();
+    if (plugins.empty())
+        return true;
+
+    std::size_t chosen = 0;
+    if (plugins.size() > 1) {
+        PluginDialog dialog(plugins);
+        // Refusing the choice ends the start: nothing after this runs.
+        if (dialog.exec() != QDialog::Accepted)
+            return false;
+        // Ok with no row selected leaves the index out of range: no plug-in then.
+        chosen = std::size_t(dialog.selectedIndex());
+    }
+    // A plug-in that fails to load is skipped silently; the run goes on without one.
+    if (chosen < plugins.size() && PluginManager::i().loadPlugin(plugins[chosen]))
+        _createPluginDirectory();
+    return true;
+}
+
+QString Core::_pluginName()
+{
+    PluginManager const *manager = PluginManager::ip();
+    return manager && manager->pluginIsLoaded() ? manager->currentPlugin().name() : QString();
+}
+
+void Core::_createPluginDirectory()
+{
+    QString const name = _pluginName();
+    if (name.isEmpty())
+        return;
+    QString const path = _applicationDirectory() + QDir::separator() + name;
+    if (QDir(path).exists())
+        return;
+    QDir().mkpath(path); // a failure is ignored, as for the application directory
+    std::printf("Creating plugin directory at %s\n", path.toLocal8Bit().constData());
     std::fflush(stdout);
 }
 

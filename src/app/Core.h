@@ -33,7 +33,8 @@ public:
     // A copy of the parsed "-key=value" options, for the plug-in.
     CommandLineParser::ArgumentMap commandLineArgs() const;
 
-    // The per-user data directory: ".tes" below the generic configuration location. Empty
+    // The per-user data directory: with a plug-in loaded, the directory named after it in
+    // ".tes" below the generic configuration location; without one, ".tes" itself. Empty
     // when it does not exist.
     static QString pluginDataDirectory();
 
@@ -62,6 +63,11 @@ private:
     static void _createApplicationDirectory();
     static QString _applicationDirectory();
     void _saveIfAsked();
+    // Discovers the plug-ins, asks the user to choose among several, and loads the one
+    // taken; false when the user refused the choice.
+    bool _choosePlugin();
+    static QString _pluginName();
+    static void _createPluginDirectory();
 
     TesseraWindow *_window = nullptr;
     CommandLineParser::ArgumentMap _args;

@@ -112,36 +112,20 @@ void GlobalState::destroy()
 bool GlobalState::createBooleanProperty(GlobalPropertyType type, int id, QString const &key,
                                         bool value, bool tracked)
 {
-    Property *property = _create(type, id, key, BooleanProperty::Type());
-    if (!property)
-        return false;
-    property->setDefault(value);
-    property->setValue(value, PropertyChangeReason::ReasonInternal);
-    property->setTracked(tracked);
-    return true;
+    return _create(type, id, key, BooleanProperty::Type(), value, true, tracked);
 }
 
 bool GlobalState::createIntegerProperty(GlobalPropertyType type, int id, QString const &key,
                                         int value, bool tracked)
 {
-    Property *property = _create(type, id, key, IntegerProperty::Type());
-    if (!property)
-        return false;
-    property->setDefault(value);
-    property->setValue(value, PropertyChangeReason::ReasonInternal);
-    property->setTracked(tracked);
-    return true;
+    return _create(type, id, key, IntegerProperty::Type(), value, true, tracked);
 }
 
 bool GlobalState::createStringProperty(GlobalPropertyType type, int id, QString const &key,
                                        bool tracked)
 {
-    Property *property = _create(type, id, key, TextProperty::Type());
-    if (!property)
-        return false;
-    property->setDefault(QString());
-    property->setTracked(tracked);
-    return true;
+    // A string value gets its empty default only.
+    return _create(type, id, key, TextProperty::Type(), QString(), false, tracked);
 }
 
 bool GlobalState::getBool(GlobalPropertyType type, int id) const
@@ -347,17 +331,23 @@ Property *GlobalState::_property(GlobalPropertyType type, int id) const
     return _model(type)->property(found->second);
 }
 
-Property *GlobalState::_create(GlobalPropertyType type, int id, QString const &key,
-                               QString const &propertyType)
+bool GlobalState::_create(GlobalPropertyType type, int id, QString const &key,
+                          QString const &propertyType, QVariant const &value, bool assign,
+                          bool tracked)
 {
     KeyMap *keys = _keys(type);
     if (!keys || keys->count(id) > 0)
-        return nullptr;
+        return false;
     Property *property = _model(type)->addProperty(propertyType, key, {});
     // A key that the model holds already under another id: refused like a taken id.
-    if (property)
-        keys->emplace(id, key);
-    return property;
+    if (!property)
+        return false;
+    keys->emplace(id, key);
+    property->setDefault(value);
+    if (assign)
+        property->setValue(value, PropertyChangeReason::ReasonInternal);
+    property->setTracked(tracked);
+    return true;
 }
 
 bool GlobalState::_set(GlobalPropertyType type, int id, QVariant const &value)

@@ -107,9 +107,10 @@ private:
     PropertyModel *_model(GlobalPropertyType type) const;
     // The property behind the id, or null.
     Property *_property(GlobalPropertyType type, int id) const;
-    // Registers the key and creates the property; null when the id or the key is taken.
-    Property *_create(GlobalPropertyType type, int id, QString const &key,
-                      QString const &propertyType);
+    // Registers the key and creates the property with its default (also assigned when asked)
+    // and tracking; false when the id or the key is taken.
+    bool _create(GlobalPropertyType type, int id, QString const &key, QString const &propertyType,
+                 QVariant const &value, bool assign, bool tracked);
     bool _set(GlobalPropertyType type, int id, QVariant const &value);
     static int _findKey(KeyMap const &keys, QString const &key);
     static QString _userStatePath();

@@ -13,23 +13,6 @@ namespace TES {
 
 Log *Log::_instance = nullptr;
 
-namespace {
-
-QString severityWord(LogSeverity severity)
-{
-    switch (severity) {
-    case LogSeverity::Info:
-        return QStringLiteral("Info");
-    case LogSeverity::Warning:
-        return QStringLiteral("Warning");
-    case LogSeverity::Error:
-        return QStringLiteral("Error");
-    }
-    return QString();
-}
-
-} // namespace
-
 Log::Log(QString const &fileName, bool useBuffering) : _useBuffering(useBuffering)
 {
     _instance = this;
@@ -56,6 +39,19 @@ Log::~Log()
                  LogLevel::Debug);
     _instance = nullptr;
     _file.close();
+}
+
+QString Log::SeverityWord(LogSeverity severity)
+{
+    switch (severity) {
+    case LogSeverity::Info:
+        return QStringLiteral("Info");
+    case LogSeverity::Warning:
+        return QStringLiteral("Warning");
+    case LogSeverity::Error:
+        return QStringLiteral("Error");
+    }
+    return QString();
 }
 
 Log &Log::i()
@@ -94,7 +90,7 @@ void Log::writeMessage(QString const &message, QString const &source, LogSeverit
     QString const line
         = QString::asprintf("%s[%s]<%s> : %s\n", record.timestamp.toLocal8Bit().constData(),
                             source.toLocal8Bit().constData(),
-                            severityWord(severity).toLocal8Bit().constData(),
+                            SeverityWord(severity).toLocal8Bit().constData(),
                             message.toLocal8Bit().constData())
               .trimmed();
     _file.write(line.toUtf8());

@@ -42,6 +42,8 @@ public:
     void setUseBuffering(bool useBuffering);
     LogLevel getLevel() const;
     void setLevel(LogLevel level);
+    // "Info", "Warning" or "Error"; empty for any other value.
+    static QString SeverityWord(LogSeverity severity);
 
     bool event(QEvent *event) override;
 

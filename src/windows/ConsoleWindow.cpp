@@ -12,23 +12,6 @@ namespace TES {
 
 ConsoleWindow *ConsoleWindow::_instance = nullptr;
 
-namespace {
-
-QString severityWord(LogSeverity severity)
-{
-    switch (severity) {
-    case LogSeverity::Info:
-        return QStringLiteral("Info");
-    case LogSeverity::Warning:
-        return QStringLiteral("Warning");
-    case LogSeverity::Error:
-        return QStringLiteral("Error");
-    }
-    return QString();
-}
-
-} // namespace
-
 ConsoleWindow::ConsoleWindow()
 {
     _instance = this;
@@ -99,7 +82,7 @@ void ConsoleWindow::logMessageWritten(LogMessage const &message)
     if (message.level == LogLevel::User && message.severity == LogSeverity::Info)
         line += " : " + message.message;
     else
-        line += "[" + message.source + "]<" + severityWord(message.severity)
+        line += "[" + message.source + "]<" + Log::SeverityWord(message.severity)
                 + "> : " + message.message;
     writeLine(line);
 }

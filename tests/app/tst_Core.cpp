@@ -3,15 +3,22 @@
 #include "events/EventBus.h"
 #include "scene/SceneManager.h"
 #include "services/Log.h"
+#include "services/PluginManager.h"
+#include "support/FixturePlugins.h"
 #include "support/ModalAnswerer.h"
 #include "support/RecordingHandler.h"
 #include "support/TestScene.h"
+#include "widgets/PluginDialog.h"
 #include "windows/TesseraWindow.h"
 
+#include <QApplication>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QDockWidget>
 #include <QFile>
+#include <QListWidget>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QStandardPaths>
 #include <QtTest>
 
@@ -20,6 +27,7 @@
 #include <unistd.h>
 
 using namespace TES;
+using TES::Test::FixturePlugins;
 using TES::Test::ModalAnswerer;
 using TES::Test::RecordingHandler;
 using TES::Test::TestScene;
@@ -62,8 +70,16 @@ QString captureStdout(Fn fn)
     return QString::fromLocal8Bit(file.readAll());
 }
 
-// A started Core for one test; stops it at the end, and deletes the window and the scene
-// manager that Core leaves for the process to end.
+// Deletes what Core leaves for the process to end, so that the next start in this process
+// begins afresh.
+void dropLeftovers()
+{
+    delete TesseraWindow::ip();
+    PluginManager::destroy();
+    SceneManager::destroy();
+}
+
+// A started Core for one test; stops it at the end.
 class Started
 {
 public:
@@ -71,11 +87,68 @@ public:
     ~Started()
     {
         core.destroy();
-        delete TesseraWindow::ip();
-        SceneManager::destroy();
+        dropLeftovers();
     }
     Core core;
 };
+
+// Answers the plug-in dialog when it comes up during a start: selects the row with the given
+// title and clicks Ok, or closes the dialog when there is no title to choose. Notes the titles
+// offered; `offered` stays empty when no dialog came.
+class PluginChooser : public QObject
+{
+public:
+    explicit PluginChooser(QString title = QString()) : _title(std::move(title))
+    {
+        connect(&_timer, &QTimer::timeout, this, &PluginChooser::_poll);
+        _timer.start(10);
+    }
+    QStringList offered;
+    bool shown = false;
+
+private:
+    void _poll()
+    {
+        auto *dialog = qobject_cast<PluginDialog *>(QApplication::activeModalWidget());
+        if (!dialog || shown)
+            return;
+        shown = true;
+        auto *list = dialog->findChild<QListWidget *>();
+        for (int row = 0; row < list->count(); ++row)
+            offered.append(list->item(row)->text());
+        offered.sort();
+        if (_title.isEmpty()) {
+            dialog->close();
+            return;
+        }
+        QListWidgetItem *item = list->findItems(_title, Qt::MatchExactly).value(0);
+        if (item) {
+            QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
+                              list->visualItemRect(item).center());
+        }
+        QTest::mouseClick(dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok),
+                          Qt::LeftButton);
+    }
+
+    QString _title;
+    QTimer _timer;
+};
+
+QString configBase()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+}
+
+QStringList logLines()
+{
+    QFile log("tessera.log");
+    if (!log.open(QIODevice::ReadOnly | QIODevice::Text))
+        return {};
+    QStringList lines = QString::fromUtf8(log.readAll()).split('\n', Qt::SkipEmptyParts);
+    for (QString &line : lines)
+        line = line.mid(10); // the "(hh:mm:ss)" stamp
+    return lines;
+}
 
 } // namespace
 
@@ -84,13 +157,24 @@ class tst_Core : public QObject
     Q_OBJECT
 
 private slots:
+    void init();
     void startAndStop();
     void windowStateAcrossRuns();
     void newDesignAsks();
     void resetBlanksTheBus();
     void cleanProjectIsNotOfferedForSaving();
     void saveAsProposesAFile();
+    void onePluginIsTakenSilently();
+    void unusablePluginsAreSkipped();
+    void twoPluginsAskTheUser();
+    void refusedChoiceEndsTheStart();
 };
+
+void tst_Core::init()
+{
+    FixturePlugins::removeAll();
+    FixturePlugins::startRecording();
+}
 
 void tst_Core::startAndStop()
 {
@@ -109,8 +193,11 @@ void tst_Core::startAndStop()
     args.emplace("level", "3");
 
     bool started = false;
+    PluginChooser chooser;
     QString const printed = captureStdout([&] { started = core.initialize(args); });
     QVERIFY(started);
+    QVERIFY(!chooser.shown);
+    QVERIFY(!PluginManager::i().pluginIsLoaded());
     // Qt may add its own warnings to the same stream.
     QVERIFY2(printed.startsWith(QString("Creating TES directory at %1/.tes\n").arg(base)),
              qPrintable(printed));
@@ -136,16 +223,9 @@ void tst_Core::startAndStop()
     QVERIFY(!window->isVisible());
     QVERIFY(QFile::exists(base + "/.tes/mainwindow.state"));
     QVERIFY(QFile::exists(base + "/.tes/mainwindow.geom"));
-    delete window;
-    QVERIFY(SceneManager::ip()); // left alive too
-    SceneManager::destroy();
+    dropLeftovers();
 
-    QFile log("tessera.log");
-    QVERIFY(log.open(QIODevice::ReadOnly | QIODevice::Text));
-    QStringList lines = QString::fromUtf8(log.readAll()).split('\n', Qt::SkipEmptyParts);
-    for (QString &line : lines)
-        line = line.mid(10); // the "(hh:mm:ss)" stamp
-    QCOMPARE(lines, QStringList({"[Core]<Info> : Initialization complete."}));
+    QCOMPARE(logLines(), QStringList({"[Core]<Info> : Initialization complete."}));
 
     // A second start finds the directory and says nothing about it.
     Core::_instance = nullptr;
@@ -153,8 +233,7 @@ void tst_Core::startAndStop()
     QString const second = captureStdout([&] { again.initialize({}); });
     QVERIFY2(!second.contains("Creating"), qPrintable(second));
     again.destroy();
-    delete TesseraWindow::ip();
-    SceneManager::destroy();
+    dropLeftovers();
 }
 
 void tst_Core::windowStateAcrossRuns()
@@ -240,6 +319,116 @@ void tst_Core::saveAsProposesAFile()
     ModalAnswerer save({"Save"});
     QCOMPARE(started.core.promptForSaveAs(), proposal);
     QCOMPARE(save.seen.size(), 1);
+}
+
+void tst_Core::onePluginIsTakenSilently()
+{
+    QString const path = FixturePlugins::install("complete", "complete");
+    QString const directory = configBase() + "/.tes/complete";
+    QDir(directory).removeRecursively();
+
+    Core core;
+    PluginChooser chooser;
+    bool started = false;
+    QString const printed = captureStdout([&] { started = core.initialize({}); });
+    QVERIFY(started);
+    QVERIFY(!chooser.shown);
+    QVERIFY2(printed.contains(QString("Creating plugin directory at %1\n").arg(directory)),
+             qPrintable(printed));
+    QVERIFY(QDir(directory).exists());
+    QCOMPARE(Core::pluginDataDirectory(), QDir(directory).canonicalPath());
+    QVERIFY(PluginManager::i().pluginIsLoaded());
+    QCOMPARE(PluginManager::i().currentPlugin().path, path);
+    // The plug-in ran before start-up ended, and joined in through the lifecycle listener.
+    QCOMPARE(FixturePlugins::calls().mid(2),
+             QStringList({"complete getInterface", "complete initialize " + path,
+                          "complete coreInitialized"}));
+
+    core.destroy();
+    QCOMPARE(FixturePlugins::calls().mid(5),
+             QStringList({"complete coreDestroying", "complete shutdown"}));
+    QVERIFY(!PluginManager::i().pluginIsLoaded());
+    QVERIFY(!core.getListener());
+    // The user's settings and the window's arrangement belong to the plug-in.
+    QVERIFY(QFile::exists(directory + "/user_config.json"));
+    QVERIFY(QFile::exists(directory + "/mainwindow.state"));
+    dropLeftovers();
+    // The log file is complete once the Log is gone.
+    QVERIFY(logLines().contains("[Plugin]<Info> : Initializing Plugin \"complete\" v1.2.3..."));
+
+    // The next start finds the directory and says nothing.
+    Core again;
+    QString const second = captureStdout([&] { again.initialize({}); });
+    QVERIFY2(!second.contains("Creating plugin directory"), qPrintable(second));
+    QVERIFY(PluginManager::i().pluginIsLoaded());
+    again.destroy();
+    dropLeftovers();
+}
+
+void tst_Core::unusablePluginsAreSkipped()
+{
+    // One refuses to be listed; the one left is taken without asking, and fails to start.
+    FixturePlugins::install("refusing", "refusing");
+    QString const failing = FixturePlugins::install("failing", "failing");
+    FixturePlugins::install("complete", QString()); // not in a sub-directory: never seen
+
+    Core core;
+    PluginChooser chooser;
+    bool started = false;
+    QString const printed = captureStdout([&] { started = core.initialize({}); });
+    QVERIFY(started);
+    QVERIFY(!chooser.shown);
+    QVERIFY(FixturePlugins::calls().contains("failing initialize " + failing));
+    QVERIFY(!PluginManager::i().pluginIsLoaded());
+    QVERIFY2(!printed.contains("plugin directory"), qPrintable(printed));
+    QCOMPARE(Core::pluginDataDirectory(), QDir(configBase() + "/.tes").canonicalPath());
+    QVERIFY(TesseraWindow::i().isVisible());
+    core.destroy();
+    dropLeftovers();
+}
+
+void tst_Core::twoPluginsAskTheUser()
+{
+    FixturePlugins::install("noinfo", "noinfo");
+    QString const complete = FixturePlugins::install("complete", "complete");
+
+    Core core;
+    PluginChooser chooser("complete fixture");
+    QVERIFY(core.initialize({}));
+    // The plug-in without a GetInfo is offered under an empty title.
+    QCOMPARE(chooser.offered, QStringList({"", "complete fixture"}));
+    QCOMPARE(PluginManager::i().currentPlugin().path, complete);
+    QCOMPARE(Core::pluginDataDirectory(), QDir(configBase() + "/.tes/complete").canonicalPath());
+    QVERIFY(FixturePlugins::calls().filter("noinfo initialize").isEmpty());
+    core.destroy();
+    dropLeftovers();
+}
+
+void tst_Core::refusedChoiceEndsTheStart()
+{
+    FixturePlugins::install("noinfo", "noinfo");
+    FixturePlugins::install("complete", "complete");
+    QFile::remove(configBase() + "/.tes/mainwindow.state");
+    QFile::remove(configBase() + "/.tes/user_config.json");
+
+    Core core;
+    PluginChooser chooser;
+    QVERIFY(!core.initialize({}));
+    QVERIFY(chooser.shown);
+    // Nothing after the choice ran: no plug-in, no shown window, the bus still off.
+    QVERIFY(FixturePlugins::calls().filter(" initialize").isEmpty());
+    QVERIFY(!PluginManager::i().pluginIsLoaded());
+    QVERIFY(!TesseraWindow::i().isVisible());
+    QVERIFY(!EventBus::i().getEventsEnabled());
+
+    // The stop still runs in full.
+    core.destroy();
+    QVERIFY(!EventBus::ip());
+    QVERIFY(!Log::ip());
+    QVERIFY(QFile::exists(configBase() + "/.tes/mainwindow.state"));
+    QVERIFY(QFile::exists(configBase() + "/.tes/user_config.json"));
+    QVERIFY(!logLines().join('\n').contains("Initialization complete."));
+    dropLeftovers();
 }
 
 QTEST_MAIN(tst_Core)

@@ -7,6 +7,7 @@
 #include "scene/SceneManager.h"
 #include "services/GlobalState.h"
 #include "services/Log.h"
+#include "services/PluginManager.h"
 #include "support/RecordingHandler.h"
 #include "windows/TesseraWindow.h"
 
@@ -440,7 +441,8 @@ void tst_GlobalState::userStateSurvivesCoreRestart()
     QCOMPARE(Log::i().getLevel(), LogLevel::Debug); // a change of the preference moves it
     QVERIFY(GlobalState::i().setInt(G::Project, 2, 25));
     core.destroy();
-    SceneManager::destroy(); // left alive by Core
+    PluginManager::destroy(); // Core leaves these for the process to end
+    SceneManager::destroy();
     QVERIFY(!GlobalState::ip());
     QVERIFY(QFile::exists(config.path() + "/.tes/user_config.json"));
 
@@ -453,6 +455,7 @@ void tst_GlobalState::userStateSurvivesCoreRestart()
     // the default until the preference changes again.
     QCOMPARE(Log::i().getLevel(), LogLevel::User);
     core.destroy();
+    PluginManager::destroy();
     SceneManager::destroy();
 
     qputenv("XDG_CONFIG_HOME", savedConfig);

@@ -4,6 +4,7 @@
 #include "services/Log.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <QThread>
 #include <QtTest>
@@ -60,6 +61,7 @@ private slots:
     void levelFollowsGlobalValueZero();
     void levelComesFromTheUserPreference();
     void levelFollowsGlobalStateChanges();
+    void fileIsFlushedOnceAfterABurst();
 
 private:
     // Outlives every Log of a test: the Log writes its closing line to it.
@@ -224,6 +226,24 @@ void tst_Log::levelFollowsGlobalStateChanges()
     // And the session's DIRTY_DISABLED, id 0 as well, moves it again.
     QVERIFY(GlobalState::i().setBool(GlobalPropertyType::Session, 0, true));
     QCOMPARE(log->getLevel(), LogLevel::Debug);
+}
+
+void tst_Log::fileIsFlushedOnceAfterABurst()
+{
+    new Log("test.log", false);
+    // A burst well below the file's own buffer: nothing reaches the disk per line, and the
+    // one pending shot flushes the lot.
+    for (int index = 0; index < 100; ++index)
+        Log::i().writeMessage(QString("line %1").arg(index), "Test", LogSeverity::Info,
+                              LogLevel::User);
+    QCOMPARE(QFileInfo("test.log").size(), 0);
+    QTRY_COMPARE_WITH_TIMEOUT(fileLines("test.log").size(), 100, 15000);
+    QCOMPARE(fileLines("test.log").last(), QString("[Test]<Info> : line 99"));
+
+    // The next line waits for a new shot.
+    Log::i().writeMessage("after", "Test", LogSeverity::Info, LogLevel::User);
+    QCOMPARE(fileLines("test.log").size(), 100);
+    QTRY_COMPARE_WITH_TIMEOUT(fileLines("test.log").size(), 101, 15000);
 }
 
 QTEST_GUILESS_MAIN(tst_Log)
