@@ -2,6 +2,7 @@
 
 #include "app/CoreLifecycleListener.h"
 #include "events/EventBus.h"
+#include "scene/SceneManager.h"
 #include "services/GlobalState.h"
 #include "services/Log.h"
 #include "services/PluginManager.h"
@@ -80,6 +81,7 @@ bool Core::initialize(CommandLineParser::ArgumentMap const &args)
     new EventBus();
     new GlobalState();
     new PluginManager();
+    new SceneManager();
     // The Log comes last of the services, since its constructor reads the user's log level.
     new Log("tessera.log", true);
 
@@ -131,7 +133,7 @@ void Core::destroy()
     if (PluginManager::ip())
         PluginManager::ip()->unloadPlugin();
 
-    // The others log as they go: the Log dies last.
+    // The others log as they go: the Log dies last. SceneManager lives on with the process.
     EventBus::destroy();
     GlobalState::destroy();
     Log::destroy();
@@ -168,7 +170,8 @@ void Core::reset()
     bus->setEventsEnabled(false);
     if (GlobalState::ip())
         GlobalState::ip()->reset();
-    // SceneManager::reset() joins here.
+    if (SceneManager::ip())
+        SceneManager::ip()->reset();
     bus->reset();
     bus->setEventsEnabled(true);
     for (unsigned long long type :
