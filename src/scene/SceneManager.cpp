@@ -20,6 +20,7 @@
 #include "scene/SceneObjectInfo.h"
 #include "scene/Screen.h"
 #include "scene/ScreenFactory.h"
+#include "scene/SelectionManager.h"
 #include "services/GlobalState.h"
 #include "services/ProgressMonitor.h"
 #include "services/Utils.h"
@@ -231,8 +232,9 @@ QUuid SceneManager::newScreen(bool activate, bool initialize, int, bool visible)
 
 bool SceneManager::duplicateScreen(QUuid const &id)
 {
-    // SelectionManager::deselectAll() joins here, once the selection exists: the selection
-    // must not reach into the copy.
+    // Nothing stays selected across a duplication, which makes the copy the active screen.
+    if (SelectionManager::ip())
+        SelectionManager::ip()->deselectAll();
     QSharedPointer<Screen> source = screen(id).toStrongRef();
     if (!source)
         return false;

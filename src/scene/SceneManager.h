@@ -92,7 +92,7 @@ public:
     // "_Copy" appended until no screen has the name in any case, with every id of its content
     // new. The add events carry QUuid(name), as a rule the null id: do not rely on their id.
     // The copy is shown and made active. False when the screen is unknown or the factory
-    // fails.
+    // fails. The selection is emptied first, in every case.
     bool duplicateScreen(QUuid const &id);
     // EVT_SCREEN_ABOUT_TO_REMOVE; leaving it if active (the active pair); hiding it (the
     // visibility pair); then out of the list, which ends it unless someone holds a lock. No
