@@ -64,7 +64,9 @@ bool Object::isType(QString const &type) const
 
 QUuid Object::id() const
 {
-    return UuidProperty::Get(&_model, "id");
+    // The most frequent read of the scene model: spare it building the key each time.
+    static QString const key = QStringLiteral("id");
+    return UuidProperty::Get(&_model, key);
 }
 
 PropertyModel *Object::model() const

@@ -68,6 +68,7 @@ SceneManager::~SceneManager()
     // list.
     QList<QSharedPointer<SceneObject>> objects;
     objects.swap(_objects);
+    _index.clear();
     objects.clear();
     _objectFactories.clear();
     _visibleScreens.clear();
@@ -439,7 +440,7 @@ QUuid SceneManager::createObject(QString const &type)
     // A factory answering null breaks its contract; it must not take the host down with it.
     if (!object)
         return QUuid();
-    _objects.append(object);
+    _append(object);
     return object->id();
 }
 
@@ -455,7 +456,7 @@ QUuid SceneManager::createObjectWithID(QString const &type, QUuid const &id)
     model->setEventsEnabled(false);
     if (Property *property = model->property("id"))
         property->setValue(QVariant(id), PropertyChangeReason::ReasonInternal);
-    _objects.append(object);
+    _append(object);
     model->setEventsEnabled(true);
     return object->id();
 }
@@ -490,12 +491,36 @@ void SceneManager::deleteAllObjects()
         deleteObject(_objects.first()->id());
 }
 
+void SceneManager::_append(QSharedPointer<SceneObject> const &object)
+{
+    _objects.append(object);
+    // An earlier object that still holds the id keeps the entry: the first one wins.
+    QUuid const id = object->id();
+    QSharedPointer<SceneObject> const indexed = _index.value(id).toStrongRef();
+    if (!indexed || indexed->id() != id)
+        _index.insert(id, object);
+}
+
 QWeakPointer<SceneObject> SceneManager::getObject(QUuid const &id) const
 {
-    for (auto const &object : _objects) {
-        if (object->id() == id)
+    // Every object has an id of its own: the null id, asked for the parent of every root,
+    // names none.
+    if (id.isNull())
+        return QWeakPointer<SceneObject>();
+    auto const hit = _index.constFind(id);
+    if (hit != _index.constEnd()) {
+        QSharedPointer<SceneObject> const object = hit->toStrongRef();
+        if (object && object->id() == id)
             return object;
     }
+    // The first in creation order wins, as for a plain walk of the list.
+    for (auto const &object : _objects) {
+        if (object->id() == id) {
+            _index.insert(id, object);
+            return object;
+        }
+    }
+    _index.remove(id);
     return QWeakPointer<SceneObject>();
 }
 

@@ -3,6 +3,7 @@
 #include "events/IEventHandler.h"
 #include "tessera_export.h"
 
+#include <QHash>
 #include <QList>
 #include <QSharedPointer>
 #include <QSize>
@@ -179,6 +180,7 @@ private:
     void _addVisibleScreen(QUuid const &id);
     void _removeVisibleScreen(QUuid const &id);
     void _saveScreenList(DataState &state);
+    void _append(QSharedPointer<SceneObject> const &object);
 
     // All screens, in list order.
     QVector<QSharedPointer<Screen>> _screens;
@@ -188,6 +190,10 @@ private:
     std::map<QString, SceneObjectFactory *> _objectFactories;
     // All objects in order of creation; the owner of them all.
     QList<QSharedPointer<SceneObject>> _objects;
+    // Where getObject looks first. An id can change behind the manager's back (a plug-in may
+    // write the "id" property), so an entry is only trusted after checking the object's id,
+    // and a lookup it can't answer falls back to walking _objects and repairs it.
+    mutable QHash<QUuid, QWeakPointer<SceneObject>> _index;
 };
 
 } // namespace TES

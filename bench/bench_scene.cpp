@@ -1,0 +1,112 @@
+// The scene model at scale: a design of 50 screens with 200 objects each, in trees three
+// levels deep, plus one screen of 2,000 objects for picking and selections.
+#include "BenchReport.h"
+
+#include "events/EventBus.h"
+#include "scene/SceneManager.h"
+#include "services/Utils.h"
+#include "support/TestScene.h"
+#include "support/TestScreen.h"
+
+#include <QApplication>
+#include <QRandomGenerator>
+
+using namespace TES;
+using TES::Test::TestScene;
+
+namespace {
+
+// Roots of one container, three containers below each, seven leaves below each of those:
+// 25 objects a root.
+void addTree(QUuid const &screen, QRect const &rect, QList<QUuid> &ids)
+{
+    QUuid const root = TestScene::addContainer(screen, rect);
+    ids.append(root);
+    int const w = rect.width() / 3;
+    for (int c = 0; c < 3; ++c) {
+        QUuid const child = TestScene::addContainer(root, QRect(c * w, 0, w, rect.height()));
+        ids.append(child);
+        for (int l = 0; l < 7; ++l)
+            ids.append(TestScene::addLeaf(
+                child, QRect(2, 2 + l * (rect.height() / 8), w - 4, rect.height() / 8 - 1)));
+    }
+}
+
+// A screen of `roots` trees laid out on a grid over 480 by 272.
+QList<QUuid> addScreen(int roots)
+{
+    QList<QUuid> ids;
+    QUuid const screen = TestScene::addScreen();
+    int const columns = roots <= 8 ? 4 : 10;
+    int const rows = (roots + columns - 1) / columns;
+    int const w = 480 / columns;
+    int const h = 272 / rows;
+    for (int index = 0; index < roots; ++index)
+        addTree(screen, QRect((index % columns) * w, (index / columns) * h, w - 1, h - 1), ids);
+    return ids;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    Bench::BenchReport const report(5);
+    QRandomGenerator random(7);
+
+    new EventBus();
+    new SceneManager();
+    TestScene::registerFactories();
+
+    QList<QUuid> all;
+    for (int screen = 0; screen < 50; ++screen)
+        all += addScreen(8);
+    QList<QUuid> const big = addScreen(80);
+    all += big;
+    QUuid const bigScreen = SceneManager::i().screens().last();
+    std::printf("scene: %d objects on %u screens\n", int(all.size()),
+                SceneManager::i().screenCount());
+
+    int const lookups = 2000;
+    double const lookup = report.medianNanoseconds([&] {
+        int found = 0;
+        for (int index = 0; index < lookups; ++index)
+            found += !SceneManager::i().getObject(all.at(random.bounded(all.size()))).isNull();
+        return qint64(found == lookups ? -1 : 0);
+    });
+    report.print("scene.get_object", lookup / lookups, "ns");
+
+    Screen *screen = SceneManager::i().screen(bigScreen).toStrongRef().data();
+    int const points = 200;
+    double const pointPick = report.medianNanoseconds([&] {
+        for (int index = 0; index < points; ++index)
+            screen->pick(QPoint(random.bounded(480), random.bounded(272)), true, {});
+        return qint64(-1);
+    });
+    report.print("scene.pick_point.2000_objects", pointPick / points / 1000.0, "us");
+
+    int const rects = 20;
+    double const rectPick = report.medianNanoseconds([&] {
+        for (int index = 0; index < rects; ++index)
+            screen->pick(QRect(random.bounded(400), random.bounded(200), 80, 60), true, {});
+        return qint64(-1);
+    });
+    report.print("scene.pick_rect.2000_objects", rectPick / rects / 1000.0, "us");
+
+    QList<QUuid> selection = big;
+    std::shuffle(selection.begin(), selection.end(), random);
+    selection = selection.mid(0, 1000);
+
+    Bench::BenchReport const slow(3);
+    double const trim = slow.medianNanoseconds(
+        [&] { return qint64(Utils::TrimToAncestors(selection).isEmpty() ? 0 : -1); });
+    slow.print("scene.trim_to_ancestors.1000_ids", trim / 1e6, "ms");
+
+    double const sort = slow.medianNanoseconds(
+        [&] { return qint64(Utils::SortObjects(selection).isEmpty() ? 0 : -1); });
+    slow.print("scene.sort_objects.1000_ids", sort / 1e6, "ms");
+
+    SceneManager::destroy();
+    EventBus::destroy();
+    return 0;
+}
