@@ -472,6 +472,10 @@ bool SceneManager::deleteObject(QUuid const &id)
     for (int index = 0; index < _objects.size(); ++index) {
         if (_objects.at(index)->id() == id) {
             QSharedPointer<SceneObject> removed = _objects.takeAt(index);
+            // A caller's lock may keep the object alive a little longer: it must not be
+            // found any more all the same.
+            if (_index.value(id).toStrongRef() == removed)
+                _index.remove(id);
             removed.reset();
             break;
         }

@@ -79,6 +79,7 @@ private slots:
     void createObject();
     void createObjectWithID();
     void objectsEndWithTheManager();
+    void lookupFollowsIdChanges();
     void sceneObjectInfoFromTheTree();
     void deleteObject();
     void deleteObjects();
@@ -237,6 +238,35 @@ void tst_SceneManager::createObjectWithID()
     object->setName("heard");
     QCOMPARE(factory.listener.words(), QStringList({"value:name"}));
     QCOMPARE(recorder.types(), QList<unsigned long long>({EVT_SCENE_SCENEOBJECTRENAMED}));
+}
+
+void tst_SceneManager::lookupFollowsIdChanges()
+{
+    TestScene::registerFactories();
+    QUuid const first = TestScene::addLeaf(QUuid(), QRect(0, 0, 10, 10), "first");
+    auto object = SceneManager::i().getObject(first).toStrongRef();
+    QVERIFY(object);
+    QVERIFY(SceneManager::i().getObject(QUuid()).isNull());
+
+    // An id written behind the manager's back, with the model silent: found under the new
+    // id only.
+    QUuid const renamed = QUuid::createUuid();
+    object->model()->setEventsEnabled(false);
+    object->model()->setValue("id", QVariant(renamed), PropertyChangeReason::ReasonInternal);
+    object->model()->setEventsEnabled(true);
+    QVERIFY(SceneManager::i().getObject(first).isNull());
+    QCOMPARE(SceneManager::i().getObject(renamed).toStrongRef(), object);
+
+    // Two objects with one id: the first created wins, and the second once the first is gone.
+    QCOMPARE(SceneManager::i().createObjectWithID(TestLeaf::Type(), renamed), renamed);
+    QCOMPARE(SceneManager::i().getObject(renamed).toStrongRef(), object);
+    object.reset();
+    QVERIFY(SceneManager::i().deleteObject(renamed));
+    auto second = SceneManager::i().getObject(renamed).toStrongRef();
+    QVERIFY(second);
+    QCOMPARE(second->getName(), QString());
+    QVERIFY(SceneManager::i().deleteObject(renamed));
+    QVERIFY(SceneManager::i().getObject(renamed).isNull());
 }
 
 void tst_SceneManager::objectsEndWithTheManager()
