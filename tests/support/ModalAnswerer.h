@@ -33,6 +33,8 @@ private slots:
 private:
     QStringList _buttons;
     QTimer _timer;
+    // An answer is on its way; the dialog may still be up until it arrives.
+    bool _answering = false;
 };
 
 } // namespace TES::Test
