@@ -3,6 +3,7 @@
 #include "app/CoreLifecycleListener.h"
 #include "data/DataManager.h"
 #include "events/EventBus.h"
+#include "scene/SceneManager.h"
 #include "services/GlobalState.h"
 #include "services/Log.h"
 #include "services/PluginManager.h"
@@ -86,6 +87,7 @@ bool Core::initialize(CommandLineParser::ArgumentMap const &args)
     new GlobalState();
     new PluginManager();
     new DataManager();
+    new SceneManager();
     // The Log comes last of the services, since its constructor reads the user's log level.
     new Log("tessera.log", true);
 
@@ -137,7 +139,7 @@ void Core::destroy()
     if (PluginManager::ip())
         PluginManager::ip()->unloadPlugin();
 
-    // The others log as they go: the Log dies last.
+    // The others log as they go: the Log dies last. SceneManager lives on with the process.
     EventBus::destroy();
     GlobalState::destroy();
     DataManager::destroy();
@@ -175,7 +177,8 @@ void Core::reset()
     bus->setEventsEnabled(false);
     if (GlobalState::ip())
         GlobalState::ip()->reset();
-    // SceneManager::reset() joins here.
+    if (SceneManager::ip())
+        SceneManager::ip()->reset();
     bus->reset();
     bus->setEventsEnabled(true);
     for (unsigned long long type :

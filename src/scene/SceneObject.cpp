@@ -2,8 +2,7 @@
 
 #include "properties/AbstractBooleanProperty.h"
 #include "scene/SceneManager.h"
-
-#include <algorithm>
+#include "services/Utils.h"
 
 namespace TES {
 
@@ -16,32 +15,6 @@ QSharedPointer<SceneObject> resolve(QUuid const &id)
     if (!SceneManager::ip())
         return {};
     return SceneManager::ip()->getObject(id).toStrongRef();
-}
-
-// Whether a selection of rows, sorted, is anything but a block packed at the top (or at the
-// bottom, for canMoveDown): only then does a move change anything.
-bool itemsCanMoveUp(QList<int> rows)
-{
-    std::sort(rows.begin(), rows.end());
-    int expected = 0;
-    for (int row : rows) {
-        if (row != expected)
-            return true;
-        ++expected;
-    }
-    return false;
-}
-
-bool itemsCanMoveDown(QList<int> rows, unsigned int count)
-{
-    std::sort(rows.begin(), rows.end());
-    long long expected = static_cast<long long>(count) - 1;
-    for (int i = rows.size() - 1; i >= 0; --i) {
-        if (rows.at(i) != expected)
-            return true;
-        --expected;
-    }
-    return false;
 }
 
 } // namespace
@@ -82,7 +55,7 @@ QUuid SceneObject::root() const
 bool SceneObject::hasChild(QUuid const &id, bool recursive) const
 {
     QList<QUuid> const ids = children(false);
-    if (ids.contains(id))
+    if (Utils::ObjectInList(id, ids))
         return true;
     if (!recursive)
         return false;
@@ -307,7 +280,7 @@ bool SceneObject::childrenCanMoveUp(QList<QUuid> const &ids)
             return false;
         rows.append(index);
     }
-    return itemsCanMoveUp(rows);
+    return Utils::ItemsCanMoveUp(rows);
 }
 
 bool SceneObject::childrenCanMoveDown(QList<QUuid> const &ids)
@@ -319,7 +292,7 @@ bool SceneObject::childrenCanMoveDown(QList<QUuid> const &ids)
             return false;
         rows.append(index);
     }
-    return itemsCanMoveDown(rows, childCount(false));
+    return Utils::ItemsCanMoveDown(rows, childCount(false));
 }
 
 bool SceneObject::isAncestorOf(QUuid const &id)

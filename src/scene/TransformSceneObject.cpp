@@ -2,6 +2,7 @@
 
 #include "properties/AbstractBooleanProperty.h"
 #include "scene/SceneManager.h"
+#include "services/Utils.h"
 
 namespace TES {
 
@@ -94,10 +95,10 @@ QUuid TransformSceneObject::pick(QPoint const &point, bool clip, QList<QUuid> ex
         if (!child || child->shouldRejectPick())
             continue;
         QUuid const hit = child->pick(point, clip, exclude);
-        if (!hit.isNull() && !exclude.contains(hit))
+        if (!hit.isNull() && !Utils::ObjectInList(hit, exclude))
             return hit;
     }
-    if (inside && !exclude.contains(id()))
+    if (inside && !Utils::ObjectInList(id(), exclude))
         return id();
     return QUuid();
 }
@@ -121,11 +122,11 @@ QList<QUuid> TransformSceneObject::pick(QRect const &rect, bool clip, QList<QUui
         QList<QUuid> const hits = child->pick(rect, clip, exclude);
         // The whole answer once per id that isn't excluded: the duplicates are expected.
         for (QUuid const &hit : hits) {
-            if (!exclude.contains(hit))
+            if (!Utils::ObjectInList(hit, exclude))
                 result.append(hits);
         }
     }
-    if (inside && !exclude.contains(id()))
+    if (inside && !Utils::ObjectInList(id(), exclude))
         result.append(id());
     return result;
 }

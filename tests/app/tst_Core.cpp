@@ -1,11 +1,13 @@
 #include "app/Core.h"
 #include "app/CoreLifecycleListener.h"
 #include "events/EventBus.h"
+#include "scene/SceneManager.h"
 #include "services/Log.h"
 #include "services/PluginManager.h"
 #include "support/FixturePlugins.h"
 #include "support/ModalAnswerer.h"
 #include "support/RecordingHandler.h"
+#include "support/TestScene.h"
 #include "widgets/PluginDialog.h"
 #include "windows/TesseraWindow.h"
 
@@ -28,6 +30,7 @@ using namespace TES;
 using TES::Test::FixturePlugins;
 using TES::Test::ModalAnswerer;
 using TES::Test::RecordingHandler;
+using TES::Test::TestScene;
 
 namespace {
 
@@ -73,6 +76,7 @@ void dropLeftovers()
 {
     delete TesseraWindow::ip();
     PluginManager::destroy();
+    SceneManager::destroy();
 }
 
 // A started Core for one test; stops it at the end.
@@ -275,17 +279,26 @@ void tst_Core::newDesignAsks()
 void tst_Core::resetBlanksTheBus()
 {
     Started started;
-    RecordingHandler persistent(EVM_PROJECT, true, "kept");
+    TestScene::registerFactories();
+    QUuid const screen = TestScene::addScreen("page");
+    QUuid const item = TestScene::addLeaf(screen, QRect(0, 0, 5, 5));
+    SceneManager::i().setScreenVisible(screen, true);
+    RecordingHandler persistent(EVM_PROJECT | EVM_SCREEN | EVM_SCENE, true, "kept");
     RecordingHandler passing(EVM_PROJECT, false, "dropped");
     EventBus::i().raiseEvent(QSharedPointer<Event>::create(EVT_PROJECT_STATE, EVM_PROJECT));
 
     started.core.reset();
     // The queued event is dropped with the project, and so is the handler that doesn't last.
+    // The scene is emptied while the bus is off, so nobody hears of it.
     QList<unsigned long long> const blank{EVT_PROJECT_PREBLANK, EVT_PROJECT_REQUEST_BLANK,
                                           EVT_PROJECT_POSTBLANK};
     QCOMPARE(persistent.types(), blank);
     QVERIFY(passing.events.isEmpty());
     QVERIFY(EventBus::i().getEventsEnabled());
+    QCOMPARE(SceneManager::i().screenCount(), 0u);
+    QVERIFY(SceneManager::i().getActiveScreen().isNull());
+    QVERIFY(SceneManager::i().visibleScreens().isEmpty());
+    QVERIFY(SceneManager::i().getObject(item).isNull());
 }
 
 void tst_Core::cleanProjectIsNotOfferedForSaving()

@@ -2,6 +2,7 @@
 #include "data/DataManager.h"
 #include "data/DataState.h"
 #include "events/EventBus.h"
+#include "scene/SceneManager.h"
 #include "services/GlobalState.h"
 #include "services/Log.h"
 #include "services/PluginManager.h"
@@ -155,6 +156,7 @@ void tst_ProjectCommands::cleanup()
     // What Core leaves for the process to end.
     delete TesseraWindow::ip();
     PluginManager::destroy();
+    SceneManager::destroy();
     delete _core;
 }
 

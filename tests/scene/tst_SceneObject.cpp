@@ -1,11 +1,11 @@
 #include "events/EventBus.h"
+#include "events/SceneChangeEvent.h"
 #include "properties/AbstractBooleanProperty.h"
 #include "scene/SceneManager.h"
 #include "support/RecordingHandler.h"
 #include "support/TestContainer.h"
 #include "support/TestLeaf.h"
 #include "support/TestScene.h"
-#include "support/TestSceneEvent.h"
 
 #include <QtTest>
 
@@ -258,7 +258,7 @@ void tst_SceneObject::addChildrenIgnoresIndex()
     QCOMPARE(recorder.types(),
              QList<unsigned long long>({EVT_SCENE_CHILDABOUTTOADD, EVT_SCENE_CHILDADDED,
                                         EVT_SCENE_CHILDABOUTTOADD, EVT_SCENE_CHILDADDED}));
-    auto const added = recorder.events.at(3).staticCast<TestSceneEvent>();
+    auto const added = recorder.events.at(3).staticCast<SceneChangeEvent>();
     QCOMPARE(added->infoAt(1).id(), y);
     QCOMPARE(added->infoAt(1).parentIndex(), 1);
 }
@@ -448,23 +448,24 @@ void tst_SceneObject::testSceneRaisesTreeEvents()
     QCOMPARE(recorder.types(),
              QList<unsigned long long>({EVT_SCENE_CHILDABOUTTOMOVE, EVT_SCENE_CHILDMOVED}));
     QCOMPARE(placesSeen, QList<int>({1, 0}));
-    auto moved = recorder.events.at(1).staticCast<TestSceneEvent>();
+    auto moved = recorder.events.at(1).staticCast<SceneChangeEvent>();
     QCOMPARE(moved->infoAt(0).id(), R);
     QCOMPARE(moved->infoAt(0).parentIndex(), -1);
     QCOMPARE(moved->infoAt(1).id(), B);
     QCOMPARE(moved->infoAt(1).parentIndex(), 0);
-    QCOMPARE(recorder.events.at(0).staticCast<TestSceneEvent>()->infoAt(1).parentIndex(), 1);
+    QCOMPARE(recorder.events.at(0).staticCast<SceneChangeEvent>()->infoAt(1).parentIndex(), 1);
 
     recorder.clear();
     recorder.onEvent = nullptr;
     other->addChild(B, 0);
     QCOMPARE(recorder.types(), QList<unsigned long long>(
                                    {EVT_SCENE_CHILDABOUTTOREPARENT, EVT_SCENE_CHILDREPARENTED}));
-    auto reparented = recorder.events.at(1).staticCast<TestSceneEvent>();
-    QCOMPARE(reparented->infoAt(0).id(), R);
-    QCOMPARE(reparented->infoAt(1).id(), B);
-    QCOMPARE(reparented->infoAt(1).parentIndex(), 0);
-    QCOMPARE(reparented->infoAt(2).id(), C);
+    auto reparented = recorder.events.at(1).staticCast<SceneChangeEvent>();
+    QCOMPARE(reparented->parentInfo().id(), R);
+    QCOMPARE(reparented->childInfo().id(), B);
+    QCOMPARE(reparented->childInfo().parentIndex(), 0);
+    QCOMPARE(reparented->newParentInfo().id(), C);
+    QCOMPARE(reparented->infoAt(3).id(), QUuid()); // out of range: a default info
     QCOMPARE(TestScene::object(B)->parent(), C);
     QCOMPARE(root->children(false), QList<QUuid>({A, C}));
 
@@ -472,7 +473,7 @@ void tst_SceneObject::testSceneRaisesTreeEvents()
     other->removeChild(C1);
     QCOMPARE(recorder.types(),
              QList<unsigned long long>({EVT_SCENE_CHILDABOUTTOREMOVE, EVT_SCENE_CHILDREMOVED}));
-    QCOMPARE(recorder.events.at(0).staticCast<TestSceneEvent>()->infoAt(1).parentIndex(), 1);
+    QCOMPARE(recorder.events.at(0).staticCast<SceneChangeEvent>()->infoAt(1).parentIndex(), 1);
     QCOMPARE(TestScene::object(C1)->parent(), QUuid());
 
     // Refusals raise nothing.
@@ -496,7 +497,7 @@ void tst_SceneObject::testSceneRaisesTreeEvents()
     QCOMPARE(recorder.types(), QList<unsigned long long>({EVT_SCENE_SCENEOBJECTSTATECHANGED,
                                                           EVT_SCENE_SCENEOBJECTSTATECHANGED,
                                                           EVT_SCENE_SCENEOBJECTRENAMED}));
-    auto renamed = recorder.events.at(2).staticCast<TestSceneEvent>();
+    auto renamed = recorder.events.at(2).staticCast<SceneChangeEvent>();
     QCOMPARE(renamed->info().id(), C1);
     QCOMPARE(renamed->name(), QString("renamed"));
 }

@@ -4,6 +4,7 @@
 #include "events/GlobalStateChangedEvent.h"
 #include "events/GlobalStateDirtyChangedEvent.h"
 #include "properties/IntegerProperty.h"
+#include "scene/SceneManager.h"
 #include "services/GlobalState.h"
 #include "services/Log.h"
 #include "services/PluginManager.h"
@@ -440,7 +441,8 @@ void tst_GlobalState::userStateSurvivesCoreRestart()
     QCOMPARE(Log::i().getLevel(), LogLevel::Debug); // a change of the preference moves it
     QVERIFY(GlobalState::i().setInt(G::Project, 2, 25));
     core.destroy();
-    PluginManager::destroy(); // Core leaves it for the process to end
+    PluginManager::destroy(); // Core leaves these for the process to end
+    SceneManager::destroy();
     QVERIFY(!GlobalState::ip());
     QVERIFY(QFile::exists(config.path() + "/.tes/user_config.json"));
 
@@ -454,6 +456,7 @@ void tst_GlobalState::userStateSurvivesCoreRestart()
     QCOMPARE(Log::i().getLevel(), LogLevel::User);
     core.destroy();
     PluginManager::destroy();
+    SceneManager::destroy();
 
     qputenv("XDG_CONFIG_HOME", savedConfig);
 }

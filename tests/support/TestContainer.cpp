@@ -1,8 +1,8 @@
 #include "support/TestContainer.h"
 
+#include "events/SceneChangeEvent.h"
 #include "scene/SceneManager.h"
 #include "scene/SceneObjectInfo.h"
-#include "support/TestSceneEvent.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -21,7 +21,7 @@ QSharedPointer<T> resolve(QUuid const &id)
 
 void raise(unsigned long long type, QList<SceneObjectInfo> const &infos)
 {
-    TestSceneObject::Raise(QSharedPointer<TestSceneEvent>::create(type, infos));
+    TestSceneObject::Raise(QSharedPointer<SceneChangeEvent>::create(type, infos));
 }
 
 } // namespace

@@ -5,6 +5,8 @@
 #include "support/TestContainerFactory.h"
 #include "support/TestLeaf.h"
 #include "support/TestLeafFactory.h"
+#include "support/TestScreen.h"
+#include "support/TestScreenFactory.h"
 
 namespace TES::Test {
 
@@ -26,10 +28,27 @@ bool TestScene::registerFactories()
     static TestLeafFactory leafFactory;
     if (!SceneManager::ip())
         return false;
+    screenFactory().clear();
+    SceneManager::ip()->setScreenFactory(&screenFactory());
     bool const container
         = SceneManager::ip()->addObjectFactory(TestContainer::Type(), &containerFactory);
     bool const leaf = SceneManager::ip()->addObjectFactory(TestLeaf::Type(), &leafFactory);
     return container && leaf;
+}
+
+TestScreenFactory &TestScene::screenFactory()
+{
+    static TestScreenFactory factory;
+    return factory;
+}
+
+QUuid TestScene::addScreen(QString const &name)
+{
+    if (!SceneManager::ip())
+        return QUuid();
+    if (!name.isEmpty())
+        screenFactory().nextNames.append(name);
+    return SceneManager::ip()->newScreen(false, false, 0, false);
 }
 
 QUuid TestScene::addContainer(QUuid const &parent, QRect const &rect, QString const &name)
@@ -40,6 +59,13 @@ QUuid TestScene::addContainer(QUuid const &parent, QRect const &rect, QString co
 QUuid TestScene::addLeaf(QUuid const &parent, QRect const &rect, QString const &name)
 {
     return _add(TestLeaf::Type(), parent, rect, name);
+}
+
+TestScreen *TestScene::screen(QUuid const &id)
+{
+    if (!SceneManager::ip())
+        return nullptr;
+    return dynamic_cast<TestScreen *>(SceneManager::ip()->screen(id).toStrongRef().data());
 }
 
 TestSceneObject *TestScene::object(QUuid const &id)
@@ -72,6 +98,8 @@ QUuid TestScene::_add(QString const &type, QUuid const &parent, QRect const &rec
         made->setName(name);
     if (TestContainer *group = container(parent))
         group->addChild(id, 0xFFFFFFFF);
+    else if (TestScreen *page = screen(parent))
+        page->addRoot(id, 0xFFFFFFFF);
     return id;
 }
 

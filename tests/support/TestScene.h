@@ -9,6 +9,8 @@ namespace TES::Test {
 class TestContainer;
 class TestLeaf;
 class TestSceneObject;
+class TestScreen;
+class TestScreenFactory;
 
 // Builds the test scene inside the current SceneManager, which the test creates (and an
 // EventBus too, when it wants the events). The factories are process-wide objects, so a new
@@ -17,18 +19,26 @@ class TestSceneObject;
 // A typical set-up:
 //     new EventBus(); EventBus::i().setEventsEnabled(true);
 //     new SceneManager(); TestScene::registerFactories();
-//     QUuid group = TestScene::addContainer(QUuid(), QRect(10, 10, 200, 100));
+//     QUuid screen = TestScene::addScreen("main");
+//     QUuid group = TestScene::addContainer(screen, QRect(10, 10, 200, 100));
 //     QUuid item = TestScene::addLeaf(group, QRect(5, 5, 20, 20));
 // and SceneManager::destroy(), EventBus::destroy() in cleanup.
 class TestScene
 {
 public:
-    // Registers TestContainer and TestLeaf under their Type() names. False without a
-    // SceneManager or when they are registered already.
+    // Registers TestContainer and TestLeaf under their Type() names, and installs the screen
+    // factory, cleared. False without a SceneManager or when the object factories are registered
+    // already.
     static bool registerFactories();
+    // The process-wide screen factory that registerFactories installs.
+    static TestScreenFactory &screenFactory();
+    // A screen through SceneManager::newScreen (not shown, not made active), which the factory
+    // names as it is made, so that the list is sorted with the name. The null id without a
+    // SceneManager or a screen factory.
+    static QUuid addScreen(QString const &name = QString());
     // Creates the object through SceneManager, sets its rectangle and name, and adds it at the
-    // end of `parent`'s children when that is a TestContainer, raising the add events. The
-    // null id without a SceneManager.
+    // end of `parent`'s children when that is a TestContainer, or of its roots when that is a
+    // TestScreen, raising the add events. The null id without a SceneManager.
     static QUuid addContainer(QUuid const &parent, QRect const &rect,
                               QString const &name = QString());
     static QUuid addLeaf(QUuid const &parent, QRect const &rect, QString const &name = QString());
@@ -38,6 +48,7 @@ public:
     static TestSceneObject *object(QUuid const &id);
     static TestContainer *container(QUuid const &id);
     static TestLeaf *leaf(QUuid const &id);
+    static TestScreen *screen(QUuid const &id);
 
 private:
     static QUuid _add(QString const &type, QUuid const &parent, QRect const &rect,

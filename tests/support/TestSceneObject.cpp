@@ -1,12 +1,11 @@
 #include "support/TestSceneObject.h"
 
 #include "events/EventBus.h"
-#include "events/SceneObjectEvent.h"
+#include "events/SceneChangeEvent.h"
 #include "properties/Property.h"
 #include "scene/SceneManager.h"
 #include "scene/SceneObjectInfo.h"
 #include "support/TestContainer.h"
-#include "support/TestSceneEvent.h"
 
 #include <QJsonObject>
 
@@ -44,8 +43,8 @@ void TestSceneObject::setRectangle(QRect const &rect)
     if (rect == _rectangle)
         return;
     _rectangle = rect;
-    Raise(QSharedPointer<SceneObjectEvent>::create(EVT_SCENE_SCENEOBJECTSTATECHANGED,
-                                                   SceneObjectInfo(id())));
+    Raise(QSharedPointer<SceneChangeEvent>::create(EVT_SCENE_SCENEOBJECTSTATECHANGED,
+                                                   QList<SceneObjectInfo>{SceneObjectInfo(id())}));
 }
 
 bool TestSceneObject::shouldRejectPick() const
@@ -60,6 +59,8 @@ void TestSceneObject::save(QJsonObject &json)
                                          {"y", _rectangle.y()},
                                          {"width", _rectangle.width()},
                                          {"height", _rectangle.height()}});
+    if (!link.isNull())
+        json.insert("link", link.toString());
 }
 
 bool TestSceneObject::load(QJsonObject const &json)
@@ -70,6 +71,7 @@ bool TestSceneObject::load(QJsonObject const &json)
         _rectangle = QRect(rect.value("x").toInt(), rect.value("y").toInt(),
                            rect.value("width").toInt(), rect.value("height").toInt());
     }
+    link = QUuid(json.value("link").toString());
     return true;
 }
 
@@ -78,12 +80,12 @@ void TestSceneObject::propertyValueChanged(Property *property, QVariant const &,
 {
     QString const name = property->id();
     if (name == "name") {
-        Raise(QSharedPointer<TestSceneEvent>::create(EVT_SCENE_SCENEOBJECTRENAMED,
-                                                     QList<SceneObjectInfo>{SceneObjectInfo(id())},
-                                                     newValue.toString()));
+        Raise(QSharedPointer<SceneChangeEvent>::create(
+            EVT_SCENE_SCENEOBJECTRENAMED, QList<SceneObjectInfo>{SceneObjectInfo(id())},
+            newValue.toString()));
     } else if (name == "editorLocked" || name == "editorHidden" || name == "editorExpanded") {
-        Raise(QSharedPointer<SceneObjectEvent>::create(EVT_SCENE_SCENEOBJECTSTATECHANGED,
-                                                       SceneObjectInfo(id())));
+        Raise(QSharedPointer<SceneChangeEvent>::create(
+            EVT_SCENE_SCENEOBJECTSTATECHANGED, QList<SceneObjectInfo>{SceneObjectInfo(id())}));
     }
 }
 

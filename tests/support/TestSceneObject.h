@@ -16,10 +16,12 @@ class TestContainer;
 
 // What the test scene's objects share, as a plug-in's base class would: a rectangle kept in a
 // field, a parent link set by the container that takes the object, and the events a concrete
-// object raises for itself: EVT_SCENE_SCENEOBJECTSTATECHANGED when the rectangle or an editor
-// flag changes, EVT_SCENE_SCENEOBJECTRENAMED (a TestSceneEvent with the new name) when "name"
-// changes. The JSON form adds "rectangle" to the host's. An object that ends while its parent
-// lives leaves the parent's list silently; its own children are not deleted with it.
+// object raises for itself, as SceneChangeEvents: EVT_SCENE_SCENEOBJECTSTATECHANGED when the
+// rectangle or an editor flag changes, EVT_SCENE_SCENEOBJECTRENAMED with the new name when
+// "name" changes. The JSON form adds "rectangle" to the host's, and "link" when set: an id the
+// object refers to, kept outside the property model as a plug-in keeps its references. An
+// object that ends while its parent lives leaves the parent's list silently; its own children
+// are not deleted with it.
 //
 // For tests: every setRectangle call is logged, changed or not, and rejectPick makes the
 // object refuse hit tests.
@@ -47,6 +49,8 @@ public:
 
     QList<QRect> rectangleLog;
     bool rejectPick = false;
+    // Another object this one refers to, saved as "link".
+    QUuid link;
 
 private:
     friend class TestContainer;

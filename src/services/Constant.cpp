@@ -1,0 +1,7 @@
+#include "services/Constant.h"
+
+namespace TES {
+
+char const *const Constant::ApplicationDir = "tes";
+
+} // namespace TES

@@ -1,0 +1,398 @@
+#include "events/EventBus.h"
+#include "events/SceneObjectAboutToDeleteEvent.h"
+#include "events/ScreenRenamedEvent.h"
+#include "events/ScreenRootEvent.h"
+#include "properties/AbstractTextProperty.h"
+#include "properties/Property.h"
+#include "properties/PropertyCategory.h"
+#include "scene/SceneManager.h"
+#include "scene/ScreenNameValidator.h"
+#include "support/RecordingHandler.h"
+#include "support/TestContainer.h"
+#include "support/TestScene.h"
+#include "support/TestScreen.h"
+
+#include <QtTest>
+
+using namespace TES;
+using namespace TES::Test;
+
+class tst_Screen : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void construction();
+    void namesAreUniqueIgnoringCase();
+    void ownershipAndSearch();
+    void singleReorderings();
+    void listReorderings_data();
+    void listReorderings();
+    void rootsCanMove_data();
+    void rootsCanMove();
+    void testScreenRaisesRootEvents();
+
+private:
+    // A screen with the leaves a, b, c, d as roots, in this order, and the leaf x on another
+    // screen.
+    TestScreen *_fourRoots();
+    QString _order(TestScreen *screen) const;
+    QList<QUuid> _ids(QString const &names) const;
+    QString _moves(TestScreen *screen) const;
+
+    QHash<QUuid, QString> _names;
+};
+
+void tst_Screen::init()
+{
+    new EventBus();
+    EventBus::i().setEventsEnabled(true);
+    new SceneManager();
+    TestScene::registerFactories();
+}
+
+void tst_Screen::cleanup()
+{
+    SceneManager::destroy();
+    EventBus::destroy();
+    _names.clear();
+}
+
+TestScreen *tst_Screen::_fourRoots()
+{
+    QUuid const id = TestScene::addScreen("four");
+    for (QString const name : {"a", "b", "c", "d"})
+        _names.insert(TestScene::addLeaf(id, QRect(), name), name);
+    _names.insert(TestScene::addLeaf(TestScene::addScreen("other"), QRect(), "x"), "x");
+    return TestScene::screen(id);
+}
+
+QString tst_Screen::_order(TestScreen *screen) const
+{
+    QString order;
+    for (QUuid const &id : screen->roots())
+        order += _names.value(id, "?");
+    return order;
+}
+
+QList<QUuid> tst_Screen::_ids(QString const &names) const
+{
+    QList<QUuid> ids;
+    for (QChar const name : names)
+        ids.append(_names.key(name));
+    return ids;
+}
+
+QString tst_Screen::_moves(TestScreen *screen) const
+{
+    QStringList words;
+    for (auto const &move : screen->moveLog)
+        words.append(QString("%1:%2").arg(_names.value(move.first, "null")).arg(move.second));
+    return words.join(' ');
+}
+
+void tst_Screen::construction()
+{
+    RecordingHandler recorder(EVM_SCREEN);
+    TestScreen screen("page");
+    QCOMPARE(screen.getName(), QString("page"));
+    // Naming in the constructor goes through the property like any rename; the screen is in
+    // no list yet.
+    QCOMPARE(recorder.types(), QList<unsigned long long>({EVT_SCREEN_RENAMED}));
+    auto renamed = recorder.events.at(0).staticCast<ScreenRenamedEvent>();
+    QCOMPARE(renamed->screen(), screen.id());
+    QCOMPARE(renamed->index(), -1);
+    QCOMPARE(renamed->name(), QString());
+
+    QCOMPARE(Screen::Type(), QString("Screen"));
+    QCOMPARE(screen.type(), QString("Screen"));
+    QCOMPARE(screen.Object::type(), QString("Object:Screen"));
+    QVERIFY(screen.isType(Object::Type()));
+
+    PropertyCategory *category = screen.model()->category("screen");
+    QVERIFY(category);
+    QCOMPARE(category->getText(), QString("Screen"));
+    QCOMPARE(category->children(), std::list<QString>({"name"}));
+    Property *name = screen.model()->property("name");
+    QCOMPARE(name->getText(), QString("Name"));
+    QCOMPARE(name->getHelpText(), QString("Sets the name of this object."));
+    auto *validator = dynamic_cast<ScreenNameValidator *>(name->getValidator());
+    QVERIFY(validator);
+    QCOMPARE(validator->screen(), &screen);
+    QVERIFY(validator->getEnabled());
+
+    QCOMPARE(screen.getEventHandlerName(), QString("Screen"));
+    QVERIFY(screen.canHandleEvent(EVM_GLOBALSTATE));
+    QVERIFY(!screen.canHandleEvent(EVM_SCREEN | EVM_PROJECT | EVM_SCENE));
+    QVERIFY(!screen.persistent());
+    QVERIFY(!screen.icon().isNull());
+    QCOMPARE(screen.propertyView(), nullptr);
+    // Without a manager a screen cannot be renamed, since the manager owns the rules.
+    SceneManager::destroy();
+    QVERIFY(!screen.setName("other"));
+    QCOMPARE(screen.getName(), QString("page"));
+    new SceneManager();
+}
+
+void tst_Screen::namesAreUniqueIgnoringCase()
+{
+    Screen *alpha = TestScene::screen(TestScene::addScreen("Alpha"));
+    Screen *beta = TestScene::screen(TestScene::addScreen("beta"));
+    RecordingHandler recorder(EVM_SCREEN);
+
+    QVERIFY(!beta->setName("ALPHA"));
+    // The property editor's way in meets the same validator.
+    QVERIFY(!AbstractTextProperty::Set(beta->model(), "name", "alpha",
+                                       PropertyChangeReason::ReasonView));
+    QCOMPARE(beta->getName(), QString("beta"));
+    QVERIFY(recorder.events.isEmpty());
+
+    // A case change of its own name: the manager answers yes and does nothing, while the
+    // validator lets the property take it.
+    QVERIFY(alpha->setName("ALPHA"));
+    QCOMPARE(alpha->getName(), QString("Alpha"));
+    QVERIFY(recorder.events.isEmpty());
+    QVERIFY(AbstractTextProperty::Set(alpha->model(), "name", "ALPHA",
+                                      PropertyChangeReason::ReasonView));
+    QCOMPARE(alpha->getName(), QString("ALPHA"));
+    QCOMPARE(recorder.types(), QList<unsigned long long>({EVT_SCREEN_RENAMED}));
+    QCOMPARE(recorder.events.at(0).staticCast<ScreenRenamedEvent>()->name(), QString("Alpha"));
+
+    PropertyValidator *validator = alpha->model()->property("name")->getValidator();
+    QVERIFY(!validator->validate(QString("BETA")));
+    QVERIFY(validator->validate(QString("alpha")));
+    QVERIFY(validator->validate(QString("gamma")));
+    QVERIFY(validator->validate(QString()));
+
+    // A name already taken when the screen is made is refused there too.
+    TestScreen late("Beta");
+    QCOMPARE(late.getName(), QString());
+}
+
+void tst_Screen::ownershipAndSearch()
+{
+    // page: R1 [R1] (c1 [x], c2 [c2] (g [shared])), R2 [shared]; elsewhere: stranger.
+    QUuid const page = TestScene::addScreen("page");
+    QUuid const r1 = TestScene::addContainer(page, QRect(), "R1");
+    QUuid const c1 = TestScene::addLeaf(r1, QRect(), "x");
+    QUuid const c2 = TestScene::addContainer(r1, QRect(), "c2");
+    QUuid const g = TestScene::addLeaf(c2, QRect(), "shared");
+    QUuid const r2 = TestScene::addLeaf(page, QRect(), "shared");
+    QUuid const stranger = TestScene::addLeaf(TestScene::addScreen("other"), QRect(), "x");
+    TestScreen *screen = TestScene::screen(page);
+
+    QVERIFY(screen->ownsRoot(r1));
+    QVERIFY(!screen->ownsRoot(c1));
+    QVERIFY(screen->ownsObject(r2));
+    QVERIFY(screen->ownsObject(g));
+    QVERIFY(!screen->ownsObject(page));
+    QVERIFY(!screen->ownsObject(stranger));
+    QVERIFY(!screen->ownsObject(QUuid::createUuid()));
+
+    // Root by root: the first root and its whole tree come before the second root.
+    QCOMPARE(screen->findObjectByName("shared"), g);
+    QCOMPARE(screen->findObjectByName("R1"), r1);
+    QCOMPARE(screen->findObjectByName("x"), c1);
+    QCOMPARE(screen->findObjectByName("X"), QUuid());
+    screen->raiseRootToTop(r2);
+    QCOMPARE(screen->findObjectByName("shared"), r2);
+
+    // A root deleted behind the screen's back is skipped, also when it is the one asked for.
+    SceneManager::i().deleteObject(r2);
+    QCOMPARE(screen->roots(), QList<QUuid>({r2, r1}));
+    QVERIFY(!screen->ownsObject(r2));
+    QVERIFY(screen->ownsRoot(r2));
+    QCOMPARE(screen->findObjectByName("shared"), g);
+}
+
+void tst_Screen::singleReorderings()
+{
+    TestScreen *screen = _fourRoots();
+    QUuid const a = _names.key("a");
+    QUuid const c = _names.key("c");
+    QUuid const d = _names.key("d");
+
+    screen->raiseRoot(a); // the first root is not guarded
+    screen->raiseRoot(c);
+    screen->raiseRootToTop(d);
+    screen->lowerRoot(screen->rootAt(3));
+    screen->lowerRoot(a);
+    screen->lowerRootToBottom(screen->rootAt(0));
+    QCOMPARE(_moves(screen), QString("a:4294967295 c:1 d:0 a:2 d:3"));
+    QCOMPARE(_order(screen), QString("cabd"));
+
+    // A null id: raiseRootToTop and lowerRoot ignore it at once, the other two look it up.
+    screen->moveLog.clear();
+    screen->indexOfRootCalls = 0;
+    screen->raiseRootToTop(QUuid());
+    screen->lowerRoot(QUuid());
+    QCOMPARE(screen->indexOfRootCalls, 0);
+    screen->raiseRoot(QUuid());
+    screen->lowerRootToBottom(QUuid());
+    QCOMPARE(screen->indexOfRootCalls, 2);
+    QVERIFY(screen->moveLog.isEmpty());
+
+    // Strangers are not looked up by the tests of movability.
+    QVERIFY(!screen->rootsCanMoveUp(_ids("xa")));
+    QVERIFY(!screen->rootsCanMoveDown(_ids("xa")));
+    QCOMPARE(screen->indexOfRootCalls, 2);
+}
+
+void tst_Screen::listReorderings_data()
+{
+    QTest::addColumn<QString>("operation");
+    QTest::addColumn<QString>("ids");
+    QTest::addColumn<QString>("moves");
+    QTest::addColumn<QString>("order");
+
+    // Moves as "id:index" words; the roots start as abcd.
+    QTest::newRow("raise block at the top") << "raise"
+                                            << "ab"
+                                            << ""
+                                            << "abcd";
+    QTest::newRow("raise spread") << "raise"
+                                  << "bd"
+                                  << "b:0 d:2"
+                                  << "badc";
+    QTest::newRow("raise skips strangers") << "raise"
+                                           << "xc"
+                                           << "c:1"
+                                           << "acbd";
+    QTest::newRow("raise to top") << "top"
+                                  << "ca"
+                                  << "c:0 a:1"
+                                  << "cabd";
+    // Walking backward, only the last place is tested: the two at the bottom swap.
+    QTest::newRow("lower block at the bottom") << "lower"
+                                               << "cd"
+                                               << "c:3"
+                                               << "abdc";
+    QTest::newRow("lower spread") << "lower"
+                                  << "ac"
+                                  << "c:3 a:1"
+                                  << "badc";
+    QTest::newRow("lower to bottom") << "bottom"
+                                     << "ab"
+                                     << "a:3 b:3"
+                                     << "cdab";
+    QTest::newRow("lower to bottom skips strangers") << "bottom"
+                                                     << "xb"
+                                                     << "b:3"
+                                                     << "acdb";
+    for (QString const operation : {"raise", "top", "lower", "bottom"})
+        QTest::newRow(qPrintable("empty " + operation)) << operation << ""
+                                                        << ""
+                                                        << "abcd";
+}
+
+void tst_Screen::listReorderings()
+{
+    QFETCH(QString, operation);
+    QFETCH(QString, ids);
+    QFETCH(QString, moves);
+    QFETCH(QString, order);
+
+    TestScreen *screen = _fourRoots();
+    screen->indexOfRootCalls = 0;
+    QList<QUuid> const list = _ids(ids);
+    if (operation == "raise")
+        screen->raiseRoots(list);
+    else if (operation == "top")
+        screen->raiseRootsToTop(list);
+    else if (operation == "lower")
+        screen->lowerRoots(list);
+    else
+        screen->lowerRootsToBottom(list);
+
+    QCOMPARE(_moves(screen), moves);
+    QCOMPARE(_order(screen), order);
+    if (ids.isEmpty())
+        QCOMPARE(screen->indexOfRootCalls, 0);
+}
+
+void tst_Screen::rootsCanMove_data()
+{
+    QTest::addColumn<QString>("ids");
+    QTest::addColumn<bool>("up");
+    QTest::addColumn<bool>("down");
+    QTest::newRow("top block") << "ba" << false << true;
+    QTest::newRow("gap at the top") << "ac" << true << true;
+    QTest::newRow("bottom block") << "dc" << true << false;
+    QTest::newRow("all") << "abcd" << false << false;
+    QTest::newRow("a root of another screen") << "ax" << false << false;
+    QTest::newRow("empty") << "" << false << false;
+}
+
+void tst_Screen::rootsCanMove()
+{
+    QFETCH(QString, ids);
+    QFETCH(bool, up);
+    QFETCH(bool, down);
+
+    TestScreen *screen = _fourRoots();
+    QCOMPARE(screen->rootsCanMoveUp(_ids(ids)), up);
+    QCOMPARE(screen->rootsCanMoveDown(_ids(ids)), down);
+}
+
+void tst_Screen::testScreenRaisesRootEvents()
+{
+    TestScene::addScreen("other");
+    QUuid const page = TestScene::addScreen("page");
+    TestScreen *screen = TestScene::screen(page);
+    QUuid const group = TestScene::addContainer(QUuid(), QRect());
+    QUuid const item = TestScene::addLeaf(group, QRect());
+    QUuid const leaf = TestScene::addLeaf(page, QRect());
+    RecordingHandler recorder(EVM_SCREEN | EVM_SCENE);
+
+    // Each pair: the first while the list is unchanged, the second after the change.
+    QList<int> rootsSeen;
+    recorder.onEvent = [&](QSharedPointer<Event> const &) {
+        rootsSeen.append(static_cast<int>(screen->rootCount()));
+    };
+    QVERIFY(screen->addRoot(group, 0));
+    QCOMPARE(recorder.types(),
+             QList<unsigned long long>({EVT_SCREEN_ROOTABOUTTOADD, EVT_SCREEN_ROOTADDED}));
+    QCOMPARE(rootsSeen, QList<int>({1, 2}));
+    auto added = recorder.events.at(1).staticCast<ScreenRootEvent>();
+    QCOMPARE(added->screen(), page);
+    QCOMPARE(added->index(), 1); // "other" sorts first
+
+    QCOMPARE(added->root(), group);
+    QCOMPARE(added->rootIndex(), 0);
+
+    recorder.clear();
+    recorder.onEvent = nullptr;
+    screen->moveRoot(group, 1);
+    QCOMPARE(recorder.types(),
+             QList<unsigned long long>({EVT_SCREEN_ROOTABOUTTOMOVE, EVT_SCREEN_ROOTMOVED}));
+    QCOMPARE(recorder.events.at(0).staticCast<ScreenRootEvent>()->rootIndex(), 0);
+    QCOMPARE(recorder.events.at(1).staticCast<ScreenRootEvent>()->rootIndex(), 1);
+
+    // Refusals raise nothing.
+    recorder.clear();
+    QVERIFY(!screen->addRoot(group, 0));
+    QVERIFY(!screen->addRoot(item, 0)); // has a parent
+    QVERIFY(!screen->addRoot(QUuid(), 0));
+    screen->moveRoot(group, 7);
+    screen->removeRoot(item);
+    QVERIFY(recorder.events.isEmpty());
+
+    // Removing a root deletes its tree, deepest first, between the two events.
+    recorder.clear();
+    screen->removeRoot(group);
+    QCOMPARE(recorder.types(),
+             QList<unsigned long long>({EVT_SCREEN_ROOTABOUTTOREMOVE, EVT_SCENE_CHILDABOUTTODELETE,
+                                        EVT_SCENE_CHILDABOUTTODELETE, EVT_SCREEN_ROOTREMOVED}));
+    QCOMPARE(recorder.events.at(1).staticCast<SceneObjectAboutToDeleteEvent>()->info().id(), item);
+    QCOMPARE(recorder.events.at(2).staticCast<SceneObjectAboutToDeleteEvent>()->info().id(), group);
+    QCOMPARE(recorder.events.at(3).staticCast<ScreenRootEvent>()->rootIndex(), 1);
+    QVERIFY(SceneManager::i().getObject(group).isNull());
+    QVERIFY(SceneManager::i().getObject(item).isNull());
+    QCOMPARE(screen->roots(), QList<QUuid>({leaf}));
+}
+
+QTEST_MAIN(tst_Screen)
+#include "tst_Screen.moc"
