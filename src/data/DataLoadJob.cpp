@@ -3,6 +3,7 @@
 #include "data/DataManager.h"
 #include "data/DataState.h"
 #include "data/IDataManagerInterface.h"
+#include "scene/SceneManager.h"
 #include "services/GlobalState.h"
 #include "services/ProgressMonitor.h"
 
@@ -36,6 +37,9 @@ void DataLoadJob::run()
     // The hooks' answers are kept but change nothing: the load goes on.
     if (interface)
         _success = interface->preLoad(state, *_dataMonitor) != 0;
+    // Screens and objects are made here, off the main thread, without a sound: the bus is off.
+    if (SceneManager::ip())
+        SceneManager::ip()->load(state, *_dataMonitor);
     if (interface)
         _success = interface->postLoad(state, *_dataMonitor) != 0;
     jobDone();

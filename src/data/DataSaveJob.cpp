@@ -4,6 +4,7 @@
 #include "data/DataState.h"
 #include "data/IDataManagerInterface.h"
 #include "data/ProjectArchive.h"
+#include "scene/SceneManager.h"
 #include "services/GlobalState.h"
 #include "services/ProgressMonitor.h"
 
@@ -23,7 +24,7 @@ void DataSaveJob::run()
 
     IDataManagerInterface *interface = DataManager::ip() ? DataManager::ip()->getInterface()
                                                          : nullptr;
-    unsigned int steps = 1;
+    unsigned int steps = (SceneManager::ip() ? SceneManager::ip()->getSaveStepCount() : 0) + 1;
     if (interface)
         steps += interface->saveStepCount();
     // Sized on the data monitor, whose reports nobody shows.
@@ -33,6 +34,8 @@ void DataSaveJob::run()
         GlobalState::ip()->save(state);
     if (interface)
         interface->preSave(state, *_dataMonitor);
+    if (SceneManager::ip())
+        SceneManager::ip()->save(state, *_dataMonitor);
     if (interface)
         interface->postSave(state, *_dataMonitor);
 

@@ -3,6 +3,8 @@
 #include "data/DataState.h"
 #include "events/EventBus.h"
 #include "scene/SceneManager.h"
+#include "scene/Screen.h"
+#include "scene/TransformSceneObject.h"
 #include "services/GlobalState.h"
 #include "services/Log.h"
 #include "services/PluginManager.h"
@@ -10,6 +12,7 @@
 #include "support/LogRecorder.h"
 #include "support/ModalAnswerer.h"
 #include "support/RecordingHandler.h"
+#include "support/SceneSnapshot.h"
 #include "windows/TesseraWindow.h"
 
 #include <QDir>
@@ -17,6 +20,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMessageBox>
+#include <QProcess>
 #include <QtTest>
 
 #include <functional>
@@ -26,6 +30,7 @@ using TES::Test::FixturePlugins;
 using TES::Test::LogRecorder;
 using TES::Test::ModalAnswerer;
 using TES::Test::RecordingHandler;
+using TES::Test::SceneSnapshot;
 
 namespace {
 
@@ -60,6 +65,59 @@ void edit(int value)
 {
     QVERIFY(GlobalState::i().setInt(GlobalPropertyType::Project, GridX, value));
     QVERIFY(GlobalState::i().getDirty());
+}
+
+// An object of the plug-in's type with its rectangle and name, put under `parent`: among the
+// roots of a screen or the children of an object. Through the host's interfaces only, as the
+// tools of the application make objects.
+QUuid place(QString const &type, QUuid const &parent, QRect const &rect, QString const &name)
+{
+    SceneManager &scene = SceneManager::i();
+    QUuid const id = scene.createObject(type);
+    auto object = scene.getObject(id).toStrongRef().dynamicCast<TransformSceneObject>();
+    if (!object)
+        return QUuid();
+    object->setRectangle(rect);
+    object->setName(name);
+    if (auto screen = scene.screen(parent).toStrongRef())
+        screen->addRoot(id, 0xFFFFFFFF);
+    else if (auto owner = scene.getObject(parent).toStrongRef())
+        owner->addChild(id, 0xFFFFFFFF);
+    return id;
+}
+
+// Two screens with objects, the second one active; answers the screens' ids.
+QList<QUuid> buildDesign()
+{
+    SceneManager &scene = SceneManager::i();
+    QUuid const first = scene.newScreen(false, true, 0, true);
+    scene.setScreenName(first, "first");
+    QUuid const second = scene.newScreen(true, true, 0, true);
+    scene.setScreenName(second, "second");
+    QUuid const group = place("TestContainer", first, QRect(10, 10, 200, 100), "group");
+    place("TestLeaf", group, QRect(5, 5, 20, 20), "inner");
+    place("TestLeaf", first, QRect(300, 20, 50, 50), "loose");
+    place("TestLeaf", second, QRect(0, 0, 480, 272), "backdrop");
+    return {first, second};
+}
+
+// The entry names that "unzip -l" lists for an archive, sorted.
+QStringList unzipListing(QString const &path)
+{
+    QProcess unzip;
+    unzip.start("unzip", {"-l", path});
+    if (!unzip.waitForFinished(60000) || unzip.exitCode() != 0)
+        return {"unzip failed: " + QString::fromLocal8Bit(unzip.readAllStandardError())};
+    // "  Length      Date    Time    Name", a rule, the entries, a rule, the totals.
+    QStringList names;
+    QStringList const lines = QString::fromLocal8Bit(unzip.readAllStandardOutput()).split('\n');
+    for (QString const &line : lines) {
+        QStringList const fields = line.simplified().split(' ');
+        if (fields.size() == 4 && fields.at(0).toLongLong() > 0)
+            names.append(fields.at(3));
+    }
+    names.sort();
+    return names;
 }
 
 QString projectPath(QString const &name)
@@ -190,28 +248,39 @@ void tst_ProjectCommands::startAndStopWithTheDataManager()
 
 void tst_ProjectCommands::saveAsAndOpenAgain()
 {
+    QList<QUuid> const screens = buildDesign();
     edit(30);
+    SceneSnapshot const design = SceneSnapshot::Take();
+    QCOMPARE(design.screens.size(), 2);
+    QCOMPARE(design.objectJson.size(), 4);
     saveAs("design.zip");
     QString const path = projectPath("design.zip");
     QVERIFY(!GlobalState::i().getDirty());
     QCOMPARE(TesseraWindow::i().windowTitle(), "Corvane Graphics Tessera : " + path);
-    DataState names;
-    QVERIFY(names.readNoData(path));
-    QCOMPARE(names.fileNames(), QStringList({"fixture/scene.json", "state.json", "version.json"}));
+    // An ordinary zip: what another tool lists is the project, the screens and the plug-in's
+    // own file.
+    QStringList expected{"version.json", "state.json", "screens/screens.json",
+                         "fixture/scene.json"};
+    for (QUuid const &screen : screens)
+        expected.append("screens/" + screen.toString() + "/screen.json");
+    expected.sort();
+    QCOMPARE(unzipListing(path), expected);
 
     // Blank the design, then open the archive again.
     ModalAnswerer blank({"Yes"});
     QVERIFY(_core->newDesign());
     QCOMPARE(blank.seen, QStringList({NewPrompt}));
     QCOMPARE(gridX(), 10);
+    QCOMPARE(SceneManager::i().screenCount(), 0u);
     QVERIFY(DataManager::i().currentFile().isEmpty());
 
     ModalAnswerer open({path});
     QVERIFY(_core->open());
     QCOMPARE(titles(open.seen), QStringList({"Open Project"}));
+    QVERIFY(SceneSnapshot::Take() == design);
     QCOMPARE(gridX(), 30);
     QCOMPARE(DataManager::i().currentFile(), path);
-    QVERIFY(!GlobalState::i().getDirty());
+    QTRY_VERIFY(!GlobalState::i().getDirty());
     QCOMPARE(dataCalls(),
              QStringList({"scene preSave", "scene postSave", "scene checkProject listed",
                           "scene preLoad {\"plugin\":\"scene\"}", "scene postLoad"}));

@@ -6,6 +6,7 @@
 #include "data/ProjectArchive.h"
 #include "events/EventBus.h"
 #include "events/GlobalStateDirtyChangedEvent.h"
+#include "scene/SceneManager.h"
 #include "services/GlobalState.h"
 #include "services/Log.h"
 #include "services/ProgressMaxSetEvent.h"
@@ -13,6 +14,8 @@
 #include "services/ProgressTextEvent.h"
 #include "support/LogRecorder.h"
 #include "support/RecordingHandler.h"
+#include "support/SceneSnapshot.h"
+#include "support/TestScene.h"
 #include "widgets/WaitDialog.h"
 
 #include <QLabel>
@@ -25,6 +28,8 @@
 using namespace TES;
 using TES::Test::LogRecorder;
 using TES::Test::RecordingHandler;
+using TES::Test::SceneSnapshot;
+using TES::Test::TestScene;
 
 namespace {
 
@@ -204,6 +209,7 @@ private slots:
 
     void saveNeedsACurrentFile();
     void saveAndOpenAgain();
+    void sceneSavedAndLoadedAgain();
     void saveOntoTheCurrentFile();
     void unwritableTargets();
     void refusedOpens_data();
@@ -227,6 +233,8 @@ void tst_DataManager::init()
     new EventBus();
     new GlobalState();
     new DataManager();
+    new SceneManager();
+    QVERIFY(TestScene::registerFactories());
     new Log("tessera.log", true);
     // Not started: it is there for the reset that a load and a blank call.
     _core = std::make_unique<Core>();
@@ -246,6 +254,7 @@ void tst_DataManager::cleanup()
     _log.reset();
     _core.reset();
     DataManager::destroy();
+    SceneManager::destroy();
     GlobalState::destroy();
     Log::destroy();
     EventBus::destroy();
@@ -285,13 +294,16 @@ void tst_DataManager::saveAndOpenAgain()
     RecordingHandler recorder(EVM_PROJECT | EVM_GLOBALSTATE);
     QCOMPARE(DataManager::i().saveAs(path), unsigned(DataResultDone));
 
-    QCOMPARE(entryNames(path), QStringList({"plugin/notes.txt", "state.json", "version.json"}));
+    // The scene writes its list even without a screen.
+    QCOMPARE(entryNames(path), QStringList({"plugin/notes.txt", "screens/screens.json",
+                                            "state.json", "version.json"}));
     QCOMPARE(entry(path, "version.json"), ProjectArchive::VersionDocument());
     // The plug-in adds its file before the scene and sees the whole state after it; both on
     // the job's thread, with the bus left on.
     QCOMPARE(_interface.calls,
-             QStringList({"saveStepCount pool", "preSave pool",
-                          "postSave plugin/notes.txt,state.json,version.json pool"}));
+             QStringList(
+                 {"saveStepCount pool", "preSave pool",
+                  "postSave plugin/notes.txt,screens/screens.json,state.json,version.json pool"}));
     QCOMPARE(DataManager::i().currentFile(), canonical);
     QCOMPARE(lastProjectDir(), QDir::current().absoluteFilePath("projects"));
     QVERIFY(!GlobalState::i().getDirty());
@@ -318,8 +330,9 @@ void tst_DataManager::saveAndOpenAgain()
     // the bus off. A hook's failure does not stop the load.
     QCOMPARE(
         _interface.calls,
-        QStringList({"checkProject plugin/notes.txt,state.json,version.json nodata",
-                     "loadStepCount pool off", "preLoad first pool off", "postLoad pool off"}));
+        QStringList(
+            {"checkProject plugin/notes.txt,screens/screens.json,state.json,version.json nodata",
+             "loadStepCount pool off", "preLoad first pool off", "postLoad pool off"}));
     QCOMPARE(_dialogs->shown.value(1), QString("Loading Project 500x60 modal"));
     QCOMPARE(_dialogs->ended.value(1), QString("Loading project data... 0/7"));
     // The reset's blank, then only what announces the load: not one value change of the load
@@ -333,6 +346,44 @@ void tst_DataManager::saveAndOpenAgain()
     QCOMPARE(recorder.types().last(), EVT_GLOBALSTATE_DIRTY_CHANGED);
     QVERIFY(!recorder.events.last().staticCast<GlobalStateDirtyChangedEvent>()->dirty());
     QTRY_VERIFY(_log->lines().contains("DataManager|Successfully read project file: " + path));
+}
+
+void tst_DataManager::sceneSavedAndLoadedAgain()
+{
+    QUuid const main = TestScene::addScreen("main");
+    QUuid const second = TestScene::addScreen("second");
+    QUuid const group = TestScene::addContainer(main, QRect(10, 10, 200, 100), "group");
+    TestScene::addLeaf(group, QRect(5, 5, 20, 20), "inner");
+    TestScene::addLeaf(main, QRect(300, 10, 40, 40), "loose");
+    TestScene::addLeaf(second, QRect(0, 0, 480, 272), "backdrop");
+    SceneManager::i().setScreenVisible(main, true);
+    SceneManager::i().setScreenVisible(second, true);
+    SceneManager::i().setActiveScreen(second);
+    SceneSnapshot const saved = SceneSnapshot::Take();
+    QCOMPARE(saved.objectJson.size(), 4);
+
+    QString const path = "projects/scene.zip";
+    QCOMPARE(DataManager::i().saveAs(path), unsigned(DataResultDone));
+    QStringList expected{"screens/" + main.toString() + "/screen.json",
+                         "screens/" + second.toString() + "/screen.json", "screens/screens.json",
+                         "state.json", "version.json"};
+    expected.sort();
+    QCOMPARE(entryNames(path), expected);
+
+    _core->reset();
+    QCOMPARE(SceneManager::i().screenCount(), 0u);
+    QVERIFY(SceneSnapshot::Take() != saved);
+
+    RecordingHandler recorder;
+    QCOMPARE(DataManager::i().open(path), unsigned(DataResultDone));
+    QVERIFY(SceneSnapshot::Take() == saved);
+    // The screens and objects came without a sound. Only the scene manager's answer to the
+    // load names the active screen, from none, between the load's own two announcements.
+    QCOMPARE(recorder.types(),
+             Types({EVT_PROJECT_PREBLANK, EVT_PROJECT_REQUEST_BLANK, EVT_PROJECT_POSTBLANK,
+                    EVT_PROJECT_CURRENTFILECHANGED, EVT_PROJECT_LOADED, EVT_SCREEN_ACTIVE_CHANGING,
+                    EVT_SCREEN_ACTIVE_CHANGED, EVT_GLOBALSTATE_REQUEST_CLEAN}));
+    QTRY_VERIFY(!GlobalState::i().getDirty());
 }
 
 void tst_DataManager::saveOntoTheCurrentFile()
