@@ -4,6 +4,7 @@
 #include "data/DataManager.h"
 #include "events/EventBus.h"
 #include "scene/SceneManager.h"
+#include "scene/SelectionManager.h"
 #include "services/GlobalState.h"
 #include "services/Log.h"
 #include "services/PluginManager.h"
@@ -88,6 +89,7 @@ bool Core::initialize(CommandLineParser::ArgumentMap const &args)
     new PluginManager();
     new DataManager();
     new SceneManager();
+    new SelectionManager();
     // The Log comes last of the services, since its constructor reads the user's log level.
     new Log("tessera.log", true);
 
@@ -139,7 +141,8 @@ void Core::destroy()
     if (PluginManager::ip())
         PluginManager::ip()->unloadPlugin();
 
-    // The others log as they go: the Log dies last. SceneManager lives on with the process.
+    // The others log as they go: the Log dies last. The scene and selection managers live on
+    // with the process.
     EventBus::destroy();
     GlobalState::destroy();
     DataManager::destroy();

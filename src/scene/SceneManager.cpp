@@ -20,6 +20,7 @@
 #include "scene/SceneObjectInfo.h"
 #include "scene/Screen.h"
 #include "scene/ScreenFactory.h"
+#include "scene/SelectionManager.h"
 #include "services/GlobalState.h"
 #include "services/ProgressMonitor.h"
 #include "services/Utils.h"
@@ -231,8 +232,9 @@ QUuid SceneManager::newScreen(bool activate, bool initialize, int, bool visible)
 
 bool SceneManager::duplicateScreen(QUuid const &id)
 {
-    // SelectionManager::deselectAll() joins here, once the selection exists: the selection
-    // must not reach into the copy.
+    // Nothing stays selected across a duplication, which makes the copy the active screen.
+    if (SelectionManager::ip())
+        SelectionManager::ip()->deselectAll();
     QSharedPointer<Screen> source = screen(id).toStrongRef();
     if (!source)
         return false;
@@ -476,6 +478,12 @@ bool SceneManager::deleteObject(QUuid const &id)
     return true;
 }
 
+void SceneManager::deleteObjects(QList<QUuid> const &ids)
+{
+    for (QUuid const &id : ids)
+        deleteObject(id);
+}
+
 void SceneManager::deleteAllObjects()
 {
     while (!_objects.isEmpty())
@@ -489,6 +497,48 @@ QWeakPointer<SceneObject> SceneManager::getObject(QUuid const &id) const
             return object;
     }
     return QWeakPointer<SceneObject>();
+}
+
+QWeakPointer<SceneObject> SceneManager::findObjectByName(QString const &name) const
+{
+    for (auto const &object : _objects) {
+        if (object->getName() == name)
+            return object;
+    }
+    return QWeakPointer<SceneObject>();
+}
+
+QList<QSharedPointer<SceneObject>> SceneManager::objectList() const
+{
+    return _objects;
+}
+
+QList<QSharedPointer<SceneObject>> SceneManager::objectsByType(QString const &type) const
+{
+    QList<QSharedPointer<SceneObject>> found;
+    for (auto const &object : _objects) {
+        if (object->isType(type))
+            found.append(object);
+    }
+    return found;
+}
+
+QUuid SceneManager::getObjectScreen(QUuid const &id) const
+{
+    for (auto const &screen : _screens) {
+        if (screen->ownsObject(id))
+            return screen->id();
+    }
+    return QUuid();
+}
+
+bool SceneManager::isScreenRoot(QUuid const &id) const
+{
+    for (auto const &screen : _screens) {
+        if (screen->ownsObject(id) && screen->indexOfRoot(id) >= 0)
+            return true;
+    }
+    return false;
 }
 
 void SceneManager::_addVisibleScreen(QUuid const &id)

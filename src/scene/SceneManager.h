@@ -92,7 +92,7 @@ public:
     // "_Copy" appended until no screen has the name in any case, with every id of its content
     // new. The add events carry QUuid(name), as a rule the null id: do not rely on their id.
     // The copy is shown and made active. False when the screen is unknown or the factory
-    // fails.
+    // fails. The selection is emptied first, in every case.
     bool duplicateScreen(QUuid const &id);
     // EVT_SCREEN_ABOUT_TO_REMOVE; leaving it if active (the active pair); hiding it (the
     // visibility pair); then out of the list, which ends it unless someone holds a lock. No
@@ -155,10 +155,23 @@ public:
     // follows, and neither its parent's list nor its subtree is touched: the concrete class
     // does that. False for an unknown id.
     bool deleteObject(QUuid const &id);
+    // deleteObject for each id, in the order given.
+    void deleteObjects(QList<QUuid> const &ids);
     // deleteObject of the first object until none is left.
     void deleteAllObjects();
     // Empty when no object has the id. Lock it for the length of a call, never longer.
     QWeakPointer<SceneObject> getObject(QUuid const &id) const;
+    // The first object, in order of creation, whose name is exactly the text; empty otherwise.
+    QWeakPointer<SceneObject> findObjectByName(QString const &name) const;
+    // All objects in order of creation. Do not keep the references past the call.
+    QList<QSharedPointer<SceneObject>> objectList() const;
+    // The objects of which isType(type) holds, in order of creation.
+    QList<QSharedPointer<SceneObject>> objectsByType(QString const &type) const;
+    // The first screen, in list order, that owns the object as a root or below one; the null
+    // id otherwise.
+    QUuid getObjectScreen(QUuid const &id) const;
+    // Whether some screen owns the object as one of its roots.
+    bool isScreenRoot(QUuid const &id) const;
 
     static SceneManager *_instance;
 

@@ -2,6 +2,7 @@
 #include "app/CoreLifecycleListener.h"
 #include "events/EventBus.h"
 #include "scene/SceneManager.h"
+#include "scene/SelectionManager.h"
 #include "services/Log.h"
 #include "services/PluginManager.h"
 #include "support/FixturePlugins.h"
@@ -77,6 +78,7 @@ void dropLeftovers()
     delete TesseraWindow::ip();
     PluginManager::destroy();
     SceneManager::destroy();
+    SelectionManager::destroy();
 }
 
 // A started Core for one test; stops it at the end.
@@ -218,6 +220,8 @@ void tst_Core::startAndStop()
     QVERIFY(listener.servicesAliveAtDestroy);
     QVERIFY(!EventBus::ip());
     QVERIFY(!Log::ip());
+    // The selection lives on with the process, as the scene does.
+    QVERIFY(SelectionManager::ip());
     // Hidden, not deleted, with its arrangement saved.
     QCOMPARE(TesseraWindow::ip(), window);
     QVERIFY(!window->isVisible());
@@ -283,7 +287,8 @@ void tst_Core::resetBlanksTheBus()
     QUuid const screen = TestScene::addScreen("page");
     QUuid const item = TestScene::addLeaf(screen, QRect(0, 0, 5, 5));
     SceneManager::i().setScreenVisible(screen, true);
-    RecordingHandler persistent(EVM_PROJECT | EVM_SCREEN | EVM_SCENE, true, "kept");
+    SelectionManager::i().select(item);
+    RecordingHandler persistent(EVM_PROJECT | EVM_SCREEN | EVM_SCENE | EVM_SELECT, true, "kept");
     RecordingHandler passing(EVM_PROJECT, false, "dropped");
     EventBus::i().raiseEvent(QSharedPointer<Event>::create(EVT_PROJECT_STATE, EVM_PROJECT));
 
@@ -299,6 +304,8 @@ void tst_Core::resetBlanksTheBus()
     QVERIFY(SceneManager::i().getActiveScreen().isNull());
     QVERIFY(SceneManager::i().visibleScreens().isEmpty());
     QVERIFY(SceneManager::i().getObject(item).isNull());
+    // The blank request empties the selection without a word.
+    QCOMPARE(SelectionManager::i().selectedCount(), 0u);
 }
 
 void tst_Core::cleanProjectIsNotOfferedForSaving()

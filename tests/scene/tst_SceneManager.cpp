@@ -7,6 +7,7 @@
 #include "scene/SceneManager.h"
 #include "scene/SceneObjectFactory.h"
 #include "scene/SceneObjectInfo.h"
+#include "scene/TransformSceneObject.h"
 #include "services/GlobalState.h"
 #include "services/ProgressMonitor.h"
 #include "support/RecordingHandler.h"
@@ -80,6 +81,9 @@ private slots:
     void objectsEndWithTheManager();
     void sceneObjectInfoFromTheTree();
     void deleteObject();
+    void deleteObjects();
+    void objectQueries();
+    void screenOfAnObject();
 
     void screenQueries();
     void newScreenSortsTheWholeList();
@@ -306,6 +310,95 @@ void tst_SceneManager::deleteObject()
     SceneManager::i().deleteAllObjects();
     QVERIFY(SceneManager::i().getObject(first).isNull());
     QCOMPARE(recorder.events.size(), 3);
+}
+
+void tst_SceneManager::deleteObjects()
+{
+    TestScene::registerFactories();
+    QUuid const group = TestScene::addContainer(QUuid(), QRect());
+    QUuid const first = TestScene::addLeaf(group, QRect());
+    QUuid const second = TestScene::addLeaf(group, QRect());
+    QUuid const third = TestScene::addLeaf(group, QRect());
+    RecordingHandler recorder;
+    QStringList told;
+    recorder.onEvent = [&](QSharedPointer<Event> const &event) {
+        SceneObjectInfo const info = event.staticCast<SceneObjectAboutToDeleteEvent>()->info();
+        told.append(QString("%1@%2")
+                        .arg(info.id() == first   ? "first"
+                             : info.id() == third ? "third"
+                                                  : "?")
+                        .arg(info.parentIndex()));
+    };
+
+    // In list order, each told at its place as it stands then; an unknown id is passed over.
+    SceneManager::i().deleteObjects({third, QUuid::createUuid(), first});
+    QCOMPARE(told, QStringList({"third@2", "first@0"}));
+    QCOMPARE(TestScene::container(group)->children(false), QList<QUuid>({second}));
+    SceneManager::i().deleteObjects({});
+    QCOMPARE(recorder.events.size(), 2);
+}
+
+void tst_SceneManager::objectQueries()
+{
+    TestScene::registerFactories();
+    SceneManager &manager = SceneManager::i();
+    QUuid const group = TestScene::addContainer(QUuid(), QRect(), "group");
+    QUuid const inner = TestScene::addLeaf(group, QRect(), "shared");
+    QUuid const other = TestScene::addLeaf(QUuid(), QRect(), "shared");
+    QUuid const free = TestScene::addLeaf(QUuid(), QRect(), "free");
+
+    auto ids = [](QList<QSharedPointer<SceneObject>> const &objects) {
+        QList<QUuid> result;
+        for (auto const &object : objects)
+            result.append(object->id());
+        return result;
+    };
+    QCOMPARE(ids(manager.objectList()), QList<QUuid>({group, inner, other, free}));
+    QCOMPARE(ids(manager.objectsByType(TestLeaf::Type())), QList<QUuid>({inner, other, free}));
+    QCOMPARE(ids(manager.objectsByType(TestContainer::Type())), QList<QUuid>({group}));
+    QCOMPARE(ids(manager.objectsByType(TransformSceneObject::Type())),
+             QList<QUuid>({group, inner, other, free}));
+    QVERIFY(manager.objectsByType("Nothing").isEmpty());
+
+    // The first in order of creation, wherever it stands in a tree; names compare exactly.
+    QCOMPARE(manager.findObjectByName("shared").toStrongRef()->id(), inner);
+    QCOMPARE(manager.findObjectByName("free").toStrongRef()->id(), free);
+    QVERIFY(manager.findObjectByName("Shared").isNull());
+    QVERIFY(manager.findObjectByName("nowhere").isNull());
+    manager.deleteObject(inner);
+    QCOMPARE(manager.findObjectByName("shared").toStrongRef()->id(), other);
+    QCOMPARE(ids(manager.objectList()), QList<QUuid>({group, other, free}));
+}
+
+void tst_SceneManager::screenOfAnObject()
+{
+    TestScene::registerFactories();
+    SceneManager &manager = SceneManager::i();
+    QUuid const one = _screen("one");
+    QUuid const two = _screen("two");
+    QUuid const group = TestScene::addContainer(one, QRect());
+    QUuid const below = TestScene::addLeaf(group, QRect());
+    QUuid const root = TestScene::addLeaf(two, QRect());
+    QUuid const loose = TestScene::addLeaf(QUuid(), QRect());
+
+    QCOMPARE(manager.getObjectScreen(group), one);
+    QCOMPARE(manager.getObjectScreen(below), one);
+    QCOMPARE(manager.getObjectScreen(root), two);
+    QCOMPARE(manager.getObjectScreen(loose), QUuid());
+    QCOMPARE(manager.getObjectScreen(one), QUuid());
+    QCOMPARE(manager.getObjectScreen(QUuid::createUuid()), QUuid());
+
+    QVERIFY(manager.isScreenRoot(group));
+    QVERIFY(manager.isScreenRoot(root));
+    QVERIFY(!manager.isScreenRoot(below));
+    QVERIFY(!manager.isScreenRoot(loose));
+    QVERIFY(!manager.isScreenRoot(QUuid()));
+
+    // An object that two screens take as a root belongs to the first of them in the list.
+    QVERIFY(TestScene::screen(two)->addRoot(loose, 0xFFFFFFFF));
+    QVERIFY(TestScene::screen(one)->addRoot(loose, 0xFFFFFFFF));
+    QCOMPARE(manager.getObjectScreen(loose), one);
+    QVERIFY(manager.isScreenRoot(loose));
 }
 
 void tst_SceneManager::screenQueries()

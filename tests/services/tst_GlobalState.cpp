@@ -5,6 +5,7 @@
 #include "events/GlobalStateDirtyChangedEvent.h"
 #include "properties/IntegerProperty.h"
 #include "scene/SceneManager.h"
+#include "scene/SelectionManager.h"
 #include "services/GlobalState.h"
 #include "services/Log.h"
 #include "services/PluginManager.h"
@@ -443,6 +444,7 @@ void tst_GlobalState::userStateSurvivesCoreRestart()
     core.destroy();
     PluginManager::destroy(); // Core leaves these for the process to end
     SceneManager::destroy();
+    SelectionManager::destroy();
     QVERIFY(!GlobalState::ip());
     QVERIFY(QFile::exists(config.path() + "/.tes/user_config.json"));
 
@@ -457,6 +459,7 @@ void tst_GlobalState::userStateSurvivesCoreRestart()
     core.destroy();
     PluginManager::destroy();
     SceneManager::destroy();
+    SelectionManager::destroy();
 
     qputenv("XDG_CONFIG_HOME", savedConfig);
 }
