@@ -3,6 +3,7 @@
 #include "data/DataState.h"
 #include "events/EventBus.h"
 #include "scene/SceneManager.h"
+#include "scene/SelectionManager.h"
 #include "scene/Screen.h"
 #include "scene/TransformSceneObject.h"
 #include "services/GlobalState.h"
@@ -215,6 +216,7 @@ void tst_ProjectCommands::cleanup()
     delete TesseraWindow::ip();
     PluginManager::destroy();
     SceneManager::destroy();
+    SelectionManager::destroy();
     delete _core;
 }
 
