@@ -1,6 +1,7 @@
 #include "app/Core.h"
 
 #include "app/CoreLifecycleListener.h"
+#include "data/DataManager.h"
 #include "events/EventBus.h"
 #include "scene/SceneManager.h"
 #include "scene/SelectionManager.h"
@@ -29,10 +30,14 @@ bool projectDirty()
     return GlobalState::ip() && GlobalState::ip()->getDirty();
 }
 
-// What the services still to come will answer; each is replaced by the call it names.
 QString currentFile()
 {
-    return QString(); // DataManager::currentFile()
+    return DataManager::ip() ? DataManager::ip()->currentFile() : QString();
+}
+
+DataManager *dataManager()
+{
+    return DataManager::ip();
 }
 
 // The session value LAST_PROJECT_DIR, which initialize() sets to ".".
@@ -82,6 +87,7 @@ bool Core::initialize(CommandLineParser::ArgumentMap const &args)
     new EventBus();
     new GlobalState();
     new PluginManager();
+    new DataManager();
     new SceneManager();
     new SelectionManager();
     // The Log comes last of the services, since its constructor reads the user's log level.
@@ -139,6 +145,7 @@ void Core::destroy()
     // with the process.
     EventBus::destroy();
     GlobalState::destroy();
+    DataManager::destroy();
     Log::destroy();
 }
 
@@ -193,7 +200,8 @@ bool Core::newDesign()
         return true;
 
     reset();
-    // DataManager::newDesign() joins here.
+    if (dataManager())
+        dataManager()->newDesign();
     if (EventBus::ip())
         EventBus::ip()->raiseEventNow(QSharedPointer<Event>::create(EVT_PROJECT_NEW, EVM_PROJECT));
     return true;
@@ -201,21 +209,52 @@ bool Core::newDesign()
 
 bool Core::open()
 {
-    // Opening a project comes with DataManager: until then nothing is opened.
-    return false;
+    if (promptForSave() == QMessageBox::YesRole) {
+        // Answering Yes saves and ends the command: the user picks Open again afterwards.
+        if (dataManager() && dataManager()->save() != DataResultFailed)
+            return true;
+        QString const path = promptForSaveAs();
+        if (path.isEmpty())
+            return false;
+        return dataManager() && dataManager()->saveAs(path) != DataResultFailed;
+    }
+
+    QString const path = QFileDialog::getOpenFileName(
+        TesseraWindow::ip(), "Open Project", lastProjectDir(), "Tessera Project Files (*.zip)");
+    if (path.isEmpty())
+        return false;
+
+    if (Log::ip())
+        Log::ip()->writeMessage("Opening project: " + path, "Tessera", LogSeverity::Info,
+                                LogLevel::User);
+    // The design in memory goes before the file is known to be good.
+    reset();
+    unsigned int const result = dataManager() ? dataManager()->open(path) : DataResultFailed;
+    if (result == DataResultInvalid)
+        QMessageBox::critical(TesseraWindow::ip(), "Invalid Project",
+                              "The selected file is not a valid Tessera project archive.",
+                              QMessageBox::Ok);
+    // Every answer of open() is non-zero: true also after the error box.
+    return result != DataResultFailed;
 }
 
 bool Core::save(bool prompt)
 {
-    Q_UNUSED(prompt)
-    // Saving comes with DataManager: until then no save goes through.
-    return false;
+    if (!currentFile().isEmpty()) {
+        if (prompt && promptForSave() != QMessageBox::YesRole)
+            return false;
+        if (dataManager() && dataManager()->save() != DataResultFailed)
+            return true;
+    }
+    return saveAs();
 }
 
 bool Core::saveAs()
 {
-    // Saving comes with DataManager: until then no save goes through.
-    return false;
+    QString const path = promptForSaveAs();
+    if (path.isEmpty())
+        return false;
+    return dataManager() && dataManager()->saveAs(path) != DataResultFailed;
 }
 
 bool Core::close()
@@ -262,10 +301,15 @@ int Core::promptForExit()
 
 void Core::_saveIfAsked()
 {
-    if (promptForSave() != QMessageBox::YesRole)
+    if (promptForSave() != QMessageBox::YesRole || !dataManager())
         return;
-    // DataManager::save(), and for a project without a file promptForSaveAs() with
-    // DataManager::saveAs(path), join here. A failed save does not stop the caller.
+    if (dataManager()->save() != DataResultFailed)
+        return;
+    // No current file, or the old one could not be deleted. A failed save does not stop the
+    // caller.
+    QString const path = promptForSaveAs();
+    if (!path.isEmpty())
+        dataManager()->saveAs(path);
 }
 
 QString Core::_applicationDirectory()

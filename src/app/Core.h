@@ -42,9 +42,16 @@ public:
     void reset();
     // Offers to save a dirty project, then asks "Create New Design?". Always true.
     bool newDesign();
+    // A dirty project is offered for saving first; answered Yes, it is saved and open() ends
+    // there, true when the save went through. Otherwise asks for an archive ("Open Project"),
+    // resets the system and loads it; a file that isn't a project shows "Invalid Project".
+    // False only when no file was chosen.
     bool open();
-    // True when a save went through.
+    // Saves to the current file without a dialog; with `prompt`, only when the user answers Yes
+    // to the save question, which a clean project never shows. Without a current file, or when
+    // the save fails, as saveAs(). True when a save went through.
     bool save(bool prompt);
+    // Asks for the archive to write ("Save Project As"); true when a save went through.
     bool saveAs();
     // Offers to save a dirty project, then asks "Exit Tessera?"; true when the application
     // will exit, and then the event loop has been told to end.
@@ -62,6 +69,8 @@ public:
 private:
     static void _createApplicationDirectory();
     static QString _applicationDirectory();
+    // The save that newDesign and close offer: a Yes saves to the current file, or to one the
+    // user picks when there is none.
     void _saveIfAsked();
     // Discovers the plug-ins, asks the user to choose among several, and loads the one
     // taken; false when the user refused the choice.

@@ -1,6 +1,7 @@
 #include "windows/TesseraWindow.h"
 
 #include "app/Core.h"
+#include "data/DataManager.h"
 #include "designer/ScreenDesignerWindow.h"
 #include "events/EventBus.h"
 #include "services/GlobalState.h"
@@ -447,8 +448,7 @@ bool TesseraWindow::_projectDirty() const
 
 QString TesseraWindow::_currentFile() const
 {
-    // DataManager::currentFile() answers this once the project data stands.
-    return QString();
+    return DataManager::ip() ? DataManager::ip()->currentFile() : QString();
 }
 
 } // namespace TES

@@ -272,9 +272,12 @@ void tst_Core::newDesignAsks()
     ModalAnswerer accept({"Yes"});
     QVERIFY(started.core.newDesign());
     QCOMPARE(accept.seen, QStringList({"Create New Design | Create New Design? | "}));
+    // The reset's blank, then the data manager's fresh design, then the news.
     QCOMPARE(recorder.types(),
-             QList<unsigned long long>({EVT_PROJECT_PREBLANK, EVT_PROJECT_REQUEST_BLANK,
-                                        EVT_PROJECT_POSTBLANK, EVT_PROJECT_NEW}));
+             QList<unsigned long long>(
+                 {EVT_PROJECT_PREBLANK, EVT_PROJECT_REQUEST_BLANK, EVT_PROJECT_POSTBLANK,
+                  EVT_PROJECT_PREBLANK, EVT_PROJECT_REQUEST_BLANK, EVT_PROJECT_REQUEST_RESET,
+                  EVT_PROJECT_POSTBLANK, EVT_PROJECT_CURRENTFILECHANGED, EVT_PROJECT_NEW}));
 }
 
 void tst_Core::resetBlanksTheBus()

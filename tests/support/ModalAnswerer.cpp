@@ -4,8 +4,12 @@
 #include <QApplication>
 #include <QDialog>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QPointer>
 #include <QtTest>
+
+#include <functional>
 
 namespace TES::Test {
 
@@ -23,26 +27,62 @@ QStringList ModalAnswerer::remaining() const
 void ModalAnswerer::_poll()
 {
     QWidget *modal = QApplication::activeModalWidget();
-    if (!modal || _buttons.isEmpty())
+    if (!modal || _buttons.isEmpty() || _answering)
+        return;
+    // A dialog without buttons (a WaitDialog) is not the user's to answer: it ends by itself.
+    QList<QAbstractButton *> const buttons = modal->findChildren<QAbstractButton *>();
+    if (buttons.isEmpty())
         return;
 
     QStringList description{modal->windowTitle()};
     if (auto *box = qobject_cast<QMessageBox *>(modal))
         description << box->text() << box->informativeText();
-    if (auto *files = qobject_cast<QFileDialog *>(modal))
+    auto *files = qobject_cast<QFileDialog *>(modal);
+    if (files)
         description << files->selectedFiles().value(0) << files->nameFilters().join(";;");
     seen.append(description.join(" | "));
 
     QString const wanted = _buttons.takeFirst();
-    for (QAbstractButton *button : modal->findChildren<QAbstractButton *>()) {
+    std::function<void()> answer;
+    QLineEdit *edit = files ? files->findChild<QLineEdit *>("fileNameEdit") : nullptr;
+    if (edit && wanted.startsWith('/')) {
+        // Typed into the file name box and confirmed, as a user picks a file by its path.
+        QPointer<QLineEdit> target(edit);
+        answer = [target, wanted] {
+            if (!target)
+                return;
+            target->selectAll();
+            QTest::keyClicks(target, wanted);
+            QTest::keyClick(target, Qt::Key_Return);
+        };
+    }
+    for (QAbstractButton *button : buttons) {
+        if (answer)
+            break;
         if (button->isVisible() && button->text().remove('&') == wanted) {
-            QTest::mouseClick(button, Qt::LeftButton);
-            return;
+            QPointer<QAbstractButton> target(button);
+            answer = [target] {
+                if (target)
+                    QTest::mouseClick(target, Qt::LeftButton);
+            };
         }
     }
-    seen.last() += " | no button " + wanted;
-    if (auto *dialog = qobject_cast<QDialog *>(modal))
-        dialog->reject();
+    if (!answer) {
+        seen.last() += " | no button " + wanted;
+        QPointer<QDialog> dialog(qobject_cast<QDialog *>(modal));
+        answer = [dialog] {
+            if (dialog)
+                dialog->reject();
+        };
+    }
+    // Given from the event loop rather than from this timer's slot, which Qt does not enter
+    // again while it runs: a dialog that the answer opens (a file dialog's question whether to
+    // replace a file) is then answered too.
+    _answering = true;
+    QTimer::singleShot(0, this, [this, answer] {
+        _answering = false;
+        answer();
+    });
 }
 
 } // namespace TES::Test

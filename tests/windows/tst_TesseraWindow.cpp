@@ -1,4 +1,5 @@
 #include "app/Core.h"
+#include "data/DataManager.h"
 #include "designer/ScreenDesignerWindow.h"
 #include "events/EventBus.h"
 #include "events/GlobalStateDirtyChangedEvent.h"
@@ -115,6 +116,7 @@ private slots:
     void titleEvents_data();
     void titleEvents();
     void titleFollowsDirtyFlag();
+    void titleNamesTheCurrentFile();
     void closeButtonAnsweredNo();
     void closeButtonAnsweredYes();
 
@@ -509,6 +511,25 @@ void tst_TesseraWindow::titleFollowsDirtyFlag()
     EventBus::i().raiseEventNow(
         QSharedPointer<Event>::create(EVT_GLOBALSTATE_REQUEST_CLEAN, EVM_GLOBALSTATE));
     QTRY_COMPARE(window.windowTitle(), QString("Panel Studio"));
+}
+
+void tst_TesseraWindow::titleNamesTheCurrentFile()
+{
+    TesseraWindow &window = makeWindow();
+    DataManager data;
+    QString const path = QDir::current().absoluteFilePath("titled.zip");
+
+    // The save names its file and leaves the project clean.
+    QCOMPARE(data.saveAs("titled.zip"), unsigned(DataResultDone));
+    QCOMPARE(window.windowTitle(), BaseTitle + " : " + path);
+    GlobalState::i().setDirty(true);
+    QCOMPARE(window.windowTitle(), BaseTitle + " : " + path + "*");
+
+    // A new design has no file; its clean request takes the star away on the bus's next turn.
+    data.newDesign();
+    QCOMPARE(window.windowTitle(), BaseTitle + "*");
+    QTRY_COMPARE(window.windowTitle(), BaseTitle);
+    QFile::remove(path);
 }
 
 void tst_TesseraWindow::closeButtonAnsweredNo()
