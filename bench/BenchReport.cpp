@@ -32,6 +32,13 @@ void BenchReport::print(QString const &name, double value, QString const &unit) 
     std::fflush(stdout);
 }
 
+void BenchReport::PrintValue(QString const &name, double value, QString const &unit)
+{
+    std::printf("%-44s %14.3f %s\n", name.toLocal8Bit().constData(), value,
+                unit.toLocal8Bit().constData());
+    std::fflush(stdout);
+}
+
 double BenchReport::Median(std::vector<double> values)
 {
     if (values.empty())

@@ -22,6 +22,8 @@ public:
     double medianNanoseconds(std::function<qint64()> const &workload) const;
     // Prints "name value unit (median of N runs)".
     void print(QString const &name, double value, QString const &unit) const;
+    // Prints a figure that is no timing, such as a size: "name value unit".
+    static void PrintValue(QString const &name, double value, QString const &unit);
 
     static double Median(std::vector<double> values);
 

@@ -76,8 +76,8 @@ int main(int argc, char **argv)
     report.print("events.delivery.per_event", total / eventCount, "ns");
     report.print("events.delivery.per_handler_call", total / static_cast<double>(callsPerRun),
                  "ns");
-    report.print("events.delivery.handler_calls_per_event",
-                 static_cast<double>(callsPerRun) / eventCount, "calls");
+    Bench::BenchReport::PrintValue("events.delivery.handler_calls_per_event",
+                                   static_cast<double>(callsPerRun) / eventCount, "calls");
 
     handlers.clear();
     EventBus::destroy();

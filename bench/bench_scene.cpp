@@ -1,6 +1,7 @@
 // The scene model at scale: a design of 50 screens with 200 objects each, in trees three
 // levels deep, plus one screen of 2,000 objects for picking and selections.
 #include "BenchReport.h"
+#include "BenchScene.h"
 
 #include "events/EventBus.h"
 #include "scene/SceneManager.h"
@@ -15,40 +16,6 @@
 using namespace TES;
 using TES::Test::TestScene;
 
-namespace {
-
-// Roots of one container, three containers below each, seven leaves below each of those:
-// 25 objects a root.
-void addTree(QUuid const &screen, QRect const &rect, QList<QUuid> &ids)
-{
-    QUuid const root = TestScene::addContainer(screen, rect);
-    ids.append(root);
-    int const w = rect.width() / 3;
-    for (int c = 0; c < 3; ++c) {
-        QUuid const child = TestScene::addContainer(root, QRect(c * w, 0, w, rect.height()));
-        ids.append(child);
-        for (int l = 0; l < 7; ++l)
-            ids.append(TestScene::addLeaf(
-                child, QRect(2, 2 + l * (rect.height() / 8), w - 4, rect.height() / 8 - 1)));
-    }
-}
-
-// A screen of `roots` trees laid out on a grid over 480 by 272.
-QList<QUuid> addScreen(int roots)
-{
-    QList<QUuid> ids;
-    QUuid const screen = TestScene::addScreen();
-    int const columns = roots <= 8 ? 4 : 10;
-    int const rows = (roots + columns - 1) / columns;
-    int const w = 480 / columns;
-    int const h = 272 / rows;
-    for (int index = 0; index < roots; ++index)
-        addTree(screen, QRect((index % columns) * w, (index / columns) * h, w - 1, h - 1), ids);
-    return ids;
-}
-
-} // namespace
-
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
@@ -60,10 +27,8 @@ int main(int argc, char **argv)
     new SelectionManager();
     TestScene::registerFactories();
 
-    QList<QUuid> all;
-    for (int screen = 0; screen < 50; ++screen)
-        all += addScreen(8);
-    QList<QUuid> const big = addScreen(80);
+    QList<QUuid> all = Bench::BenchScene::AddDesign();
+    QList<QUuid> const big = Bench::BenchScene::AddScreen(80);
     all += big;
     QUuid const bigScreen = SceneManager::i().screens().last();
     std::printf("scene: %d objects on %u screens\n", int(all.size()),

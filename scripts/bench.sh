@@ -10,7 +10,7 @@ cmake --build build-bench --target benchmarks
 
 export QT_QPA_PLATFORM=offscreen
 for bench in build-bench/bench/bench_*; do
-    [ -x "$bench" ] || continue
+    [ -f "$bench" ] && [ -x "$bench" ] || continue
     echo "== $(basename "$bench")"
     "$bench"
 done
