@@ -208,67 +208,43 @@ void SceneObject::removeChildren(QList<QUuid> const &) {}
 
 void SceneObject::raiseChild(QUuid const &id)
 {
-    int const index = indexOfChild(id, false);
-    if (index < 0)
-        return;
     // For the first child this passes 0xFFFFFFFF; moveChild copes.
-    moveChild(id, static_cast<unsigned int>(index - 1));
+    _order().raise(id);
 }
 
 void SceneObject::raiseChildren(QList<QUuid> const &ids)
 {
-    unsigned int position = 0;
-    for (QUuid const &childId : _presentChildren(ids)) {
-        int const index = indexOfChild(childId, false);
-        if (index != static_cast<int>(position))
-            moveChild(childId, static_cast<unsigned int>(index - 1));
-        ++position;
-    }
+    _order().raiseAll(ids);
 }
 
 void SceneObject::raiseChildToTop(QUuid const &id)
 {
-    if (indexOfChild(id, false) >= 0)
-        moveChild(id, 0);
+    _order().raiseToTop(id);
 }
 
 void SceneObject::raiseChildrenToTop(QList<QUuid> const &ids)
 {
-    unsigned int position = 0;
-    for (QUuid const &childId : _presentChildren(ids))
-        moveChild(childId, position++);
+    _order().raiseAllToTop(ids);
 }
 
 void SceneObject::lowerChild(QUuid const &id)
 {
-    int const index = indexOfChild(id, false);
-    if (index >= 0 && static_cast<unsigned int>(index) + 1 < childCount(false))
-        moveChild(id, static_cast<unsigned int>(index) + 1);
+    _order().lower(id);
 }
 
 void SceneObject::lowerChildren(QList<QUuid> const &ids)
 {
-    QList<QUuid> const present = _presentChildren(ids);
-    for (int i = present.size() - 1; i >= 0; --i) {
-        QUuid const &childId = present.at(i);
-        int const index = indexOfChild(childId, false);
-        // Only the last place is tested; see the header.
-        if (index != static_cast<int>(childCount(false)) - 1)
-            moveChild(childId, static_cast<unsigned int>(index) + 1);
-    }
+    _order().lowerAll(ids);
 }
 
 void SceneObject::lowerChildToBottom(QUuid const &id)
 {
-    int const index = indexOfChild(id, false);
-    if (index >= 0 && static_cast<unsigned int>(index) + 1 < childCount(false))
-        moveChild(id, childCount(false) - 1);
+    _order().lowerToBottom(id);
 }
 
 void SceneObject::lowerChildrenToBottom(QList<QUuid> const &ids)
 {
-    for (QUuid const &childId : _presentChildren(ids))
-        moveChild(childId, childCount(false) - 1);
+    _order().lowerAllToBottom(ids);
 }
 
 bool SceneObject::childrenCanMoveUp(QList<QUuid> const &ids)
@@ -385,14 +361,11 @@ bool SceneObject::_depthFirstTargetSearch(QUuid const &parent, QUuid const &targ
     return false;
 }
 
-QList<QUuid> SceneObject::_presentChildren(QList<QUuid> const &ids) const
+SiblingOrder SceneObject::_order()
 {
-    QList<QUuid> present;
-    for (QUuid const &childId : ids) {
-        if (indexOfChild(childId, false) >= 0)
-            present.append(childId);
-    }
-    return present;
+    return SiblingOrder([this](QUuid const &id) { return indexOfChild(id, false); },
+                        [this] { return childCount(false); },
+                        [this](QUuid const &id, unsigned int index) { moveChild(id, index); });
 }
 
 } // namespace TES

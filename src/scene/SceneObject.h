@@ -1,6 +1,7 @@
 #pragma once
 
 #include "scene/Object.h"
+#include "scene/SiblingOrder.h"
 #include "tessera_export.h"
 
 #include <QList>
@@ -118,7 +119,8 @@ private:
     bool _depthFirstTargetSearch(QUuid const &parent, QUuid const &target,
                                  unsigned int &counter) const;
     // The ids that are children now, in input order.
-    QList<QUuid> _presentChildren(QList<QUuid> const &ids) const;
+    // The reorderings over this object's children.
+    SiblingOrder _order();
 };
 
 } // namespace TES

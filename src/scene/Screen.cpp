@@ -116,96 +116,48 @@ QUuid Screen::findObjectByName(QString const &name) const
 
 void Screen::raiseRoot(QUuid const &id)
 {
-    int const index = indexOfRoot(id);
-    if (index < 0)
-        return;
     // For the first root this passes 0xFFFFFFFF; moveRoot copes.
-    moveRoot(id, static_cast<unsigned int>(index - 1));
+    _order().raise(id);
 }
 
 void Screen::raiseRoots(QList<QUuid> const &ids)
 {
-    if (ids.isEmpty())
-        return;
-    QList<QUuid> present;
-    for (QUuid const &id : ids) {
-        if (indexOfRoot(id) >= 0)
-            present.append(id);
-    }
-    unsigned int position = 0;
-    for (QUuid const &id : present) {
-        int const index = indexOfRoot(id);
-        if (index != static_cast<int>(position))
-            moveRoot(id, static_cast<unsigned int>(index - 1));
-        ++position;
-    }
+    if (!ids.isEmpty())
+        _order().raiseAll(ids);
 }
 
 void Screen::raiseRootToTop(QUuid const &id)
 {
-    if (id.isNull())
-        return;
-    if (indexOfRoot(id) >= 0)
-        moveRoot(id, 0);
+    if (!id.isNull())
+        _order().raiseToTop(id);
 }
 
 void Screen::raiseRootsToTop(QList<QUuid> const &ids)
 {
-    if (ids.isEmpty())
-        return;
-    QList<QUuid> present;
-    for (QUuid const &id : ids) {
-        if (indexOfRoot(id) >= 0)
-            present.append(id);
-    }
-    unsigned int position = 0;
-    for (QUuid const &id : present)
-        moveRoot(id, position++);
+    if (!ids.isEmpty())
+        _order().raiseAllToTop(ids);
 }
 
 void Screen::lowerRoot(QUuid const &id)
 {
-    if (id.isNull())
-        return;
-    int const index = indexOfRoot(id);
-    if (index >= 0 && static_cast<unsigned int>(index) + 1 < rootCount())
-        moveRoot(id, static_cast<unsigned int>(index) + 1);
+    if (!id.isNull())
+        _order().lower(id);
 }
 
 void Screen::lowerRoots(QList<QUuid> const &ids)
 {
-    if (ids.isEmpty())
-        return;
-    QList<QUuid> present;
-    for (QUuid const &id : ids) {
-        if (indexOfRoot(id) >= 0)
-            present.append(id);
-    }
-    for (int i = present.size() - 1; i >= 0; --i) {
-        QUuid const &id = present.at(i);
-        int const index = indexOfRoot(id);
-        // Only the last place is tested; see the header.
-        if (index != static_cast<int>(rootCount()) - 1)
-            moveRoot(id, static_cast<unsigned int>(index) + 1);
-    }
+    if (!ids.isEmpty())
+        _order().lowerAll(ids);
 }
 
 void Screen::lowerRootToBottom(QUuid const &id)
 {
-    int const index = indexOfRoot(id);
-    if (index >= 0 && static_cast<unsigned int>(index) + 1 < rootCount())
-        moveRoot(id, rootCount() - 1);
+    _order().lowerToBottom(id);
 }
 
 void Screen::lowerRootsToBottom(QList<QUuid> const &ids)
 {
-    QList<QUuid> present;
-    for (QUuid const &id : ids) {
-        if (indexOfRoot(id) >= 0)
-            present.append(id);
-    }
-    for (QUuid const &id : present)
-        moveRoot(id, rootCount() - 1);
+    _order().lowerAllToBottom(ids);
 }
 
 bool Screen::rootsCanMoveUp(QList<QUuid> const &ids)
@@ -267,6 +219,13 @@ PropertyView *Screen::propertyView()
 bool Screen::_finalizeName(QString const &name)
 {
     return AbstractTextProperty::Set(&_model, "name", name, PropertyChangeReason::ReasonInternal);
+}
+
+SiblingOrder Screen::_order()
+{
+    return SiblingOrder([this](QUuid const &id) { return indexOfRoot(id); },
+                        [this] { return rootCount(); },
+                        [this](QUuid const &id, unsigned int index) { moveRoot(id, index); });
 }
 
 } // namespace TES

@@ -4,6 +4,7 @@
 #include "properties/IPropertyModelListener.h"
 #include "scene/Object.h"
 #include "scene/ScreenNameValidator.h"
+#include "scene/SiblingOrder.h"
 #include "tessera_export.h"
 
 #include <QIcon>
@@ -152,6 +153,8 @@ public:
     PropertyView *propertyView();
 
 private:
+    // The reorderings over this screen's roots.
+    SiblingOrder _order();
     friend class SceneManager;
 
     void _init();
