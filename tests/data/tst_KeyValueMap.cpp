@@ -55,8 +55,7 @@ class tst_KeyValueMap : public QObject
 private slots:
     void gettersAndConversions();
     void listenersHearEverySet();
-    void saveForm();
-    void roundTrip();
+    void saveThenLoad();
     void loadRules();
 };
 
@@ -144,37 +143,30 @@ void tst_KeyValueMap::listenersHearEverySet()
     QCOMPARE(listener.calls.size() + other.calls.size(), 1);
 }
 
-void tst_KeyValueMap::saveForm()
+void tst_KeyValueMap::saveThenLoad()
 {
     int target = 0;
     KeyValueMap map;
     fillAll(map, &target);
-    map.setDouble("double", 0.1);
 
     // In key order. A colour is written as its brightness only, a pointer as a kind of no name.
+    QJsonArray const saved = map.save();
     QCOMPARE(
-        map.save(),
+        saved,
         (QJsonArray{
             QJsonObject{{"key", "bool"}, {"type", "bool"}, {"value", "true"}},
             QJsonObject{{"key", "color"}, {"type", "color"}, {"value", "200"}},
-            QJsonObject{{"key", "double"}, {"type", "double"}, {"value", "0.1"}},
+            QJsonObject{{"key", "double"}, {"type", "double"}, {"value", "-1234.5678"}},
             QJsonObject{{"key", "int"}, {"type", "int"}, {"value", "-2147483648"}},
             QJsonObject{{"key", "point"}, {"type", "point"}, {"x", "-1"}, {"y", "20"}},
             QJsonObject{{"key", "pointer"}, {"type", ""}},
             QJsonObject{{"key", "string"}, {"type", "string"}, {"value", "ünïcode \"quoted\""}},
         }));
-}
-
-void tst_KeyValueMap::roundTrip()
-{
-    int target = 0;
-    KeyValueMap map;
-    fillAll(map, &target);
 
     // Through the text form, and into a map that held something else.
     KeyValueMap copy;
     copy.setString("stale", "gone");
-    copy.load(parseArray(QJsonDocument(map.save()).toJson()));
+    copy.load(parseArray(QJsonDocument(saved).toJson()));
     QVERIFY(!copy.contains("stale"));
     QCOMPARE(copy.getBool("bool"), true);
     QCOMPARE(copy.getInt("int"), -2147483647 - 1);

@@ -383,7 +383,7 @@ void tst_PropertyModel::loadRestoresNodesByName()
 
 void tst_PropertyModel::loadOfDamagedJson_data()
 {
-    // Before each load a = 7, b = true, and a is disabled.
+    // Before each load a = 7 with a maximum of 100, b = true, and a is disabled.
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QString>("expected");
     auto row = [](char const *name, QByteArray const &text, char const *expected) {
@@ -394,6 +394,8 @@ void tst_PropertyModel::loadOfDamagedJson_data()
     row("array document", "[1, 2, 3]", "7 true disabled");
     row("empty object", "{}", "7 true disabled");
     row("wrong type", R"({"a": {"type": "text", "value": 9}})", "7 true disabled");
+    row("no type", R"({"a": {"visible": true, "value": 9}})", "7 true disabled");
+    row("type not a string", R"({"a": {"type": 5, "value": 9}})", "7 true disabled");
     row("entry not an object", R"({"a": 9, "b": "true", "__categories": 3, "__groups": {}})",
         "7 true disabled");
     row("nodes of wrong kinds",
@@ -411,6 +413,8 @@ void tst_PropertyModel::loadOfDamagedJson_data()
         "0 true disabled");
     row("huge number", R"({"a": {"type": "integer", "value": 1e300, "enabled": false}})",
         "0 true disabled");
+    // Beyond the maximum of 100: the value is dropped, the flags still load.
+    row("value beyond the limits", R"({"a": {"type": "integer", "value": 500}})", "7 true enabled");
     row("good values",
         R"({"a": {"type": "integer", "value": -3}, "b": {"type": "boolean", "value": false}})",
         "-3 false enabled");
@@ -426,6 +430,7 @@ void tst_PropertyModel::loadOfDamagedJson()
     QVERIFY(model.setValue("a", 7, Internal));
     QVERIFY(model.setValue("b", true, Internal));
     model.property("a")->setEnabled(false);
+    static_cast<IntegerProperty *>(model.property("a"))->setMax(100);
     RecordingPropertyListener listener;
     model.addListener(&listener);
 
