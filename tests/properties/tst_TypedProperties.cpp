@@ -370,6 +370,7 @@ void tst_TypedProperties::buttonAndUuid()
     QVERIFY(!button->getPersistent());
     QVERIFY(ButtonProperty::SetValue(&model, "b", "Press me", Internal));
     QVERIFY(!ButtonProperty::SetValue(&model, "missing", "Other", Internal));
+    QVERIFY(!button->setValue(true, Internal));
     QVERIFY(button->isDefault());
     button->reset();
     QCOMPARE(ButtonProperty::GetValue(&model, "b"), QString("Press me"));
