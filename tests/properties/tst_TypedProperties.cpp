@@ -44,231 +44,162 @@ T *add(PropertyModel &model, QString const &id)
     return static_cast<T *>(model.addProperty(T::Type(), id, {}));
 }
 
-} // namespace
+// Adds a property of the type; a combo gets the choices "a", "b" and "c".
+Property *addOfType(PropertyModel &model, QString const &type)
+{
+    Property *property = model.addProperty(type, "p", {});
+    if (auto *combo = dynamic_cast<ComboProperty *>(property))
+        combo->setComboValues({"a", "b", "c"});
+    return property;
+}
 
-Q_DECLARE_METATYPE(std::function<Property *(PropertyModel &)>)
+} // namespace
 
 class tst_TypedProperties : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void compatibility_data();
-    void compatibility();
+    void values_data();
+    void values();
     void toolTips_data();
     void toolTips();
-    void jsonValues_data();
-    void jsonValues();
     void defaults();
     void integerLimits();
     void hexLimits();
     void floatLimits();
     void combo();
-    void comboStatics();
     void buttonAndUuid();
     void staticAccessors();
 };
 
-using Maker = std::function<Property *(PropertyModel &)>;
-
-void tst_TypedProperties::compatibility_data()
-{
-    QTest::addColumn<QString>("type");
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<bool>("accepted");
-
-    // No conversions: only the exact QVariant type is taken.
-    QTest::newRow("integer int") << "integer" << QVariant(5) << true;
-    QTest::newRow("integer uint") << "integer" << QVariant(5u) << false;
-    QTest::newRow("integer double") << "integer" << QVariant(5.0) << false;
-    QTest::newRow("integer long long") << "integer" << QVariant(5LL) << false;
-    QTest::newRow("integer string") << "integer" << QVariant("5") << false;
-    QTest::newRow("integer invalid") << "integer" << QVariant() << false;
-    QTest::newRow("hex uint") << "hex" << QVariant(0xFFFFFFFFu) << true;
-    QTest::newRow("hex int") << "hex" << QVariant(5) << false;
-    QTest::newRow("boolean bool") << "boolean" << QVariant(true) << true;
-    QTest::newRow("boolean int") << "boolean" << QVariant(1) << false;
-    QTest::newRow("text string") << "text" << QVariant(QString("x")) << true;
-    QTest::newRow("text bytes") << "text" << QVariant(QByteArray("x")) << false;
-    QTest::newRow("button string") << "button" << QVariant(QString("x")) << true;
-    QTest::newRow("button bool") << "button" << QVariant(true) << false;
-    QTest::newRow("uuid uuid") << "uuid" << QVariant(QUuid::createUuid()) << true;
-    QTest::newRow("uuid string") << "uuid" << QVariant(QUuid::createUuid().toString()) << false;
-    // Combo indexes must hit the list of two.
-    QTest::newRow("combo 1") << "combo" << QVariant(1) << true;
-    QTest::newRow("combo 2") << "combo" << QVariant(2) << false;
-    QTest::newRow("combo -1") << "combo" << QVariant(-1) << false;
-    QTest::newRow("combo uint") << "combo" << QVariant(1u) << false;
-}
-
-void tst_TypedProperties::compatibility()
-{
-    QFETCH(QString, type);
-    QFETCH(QVariant, value);
-    QFETCH(bool, accepted);
-
-    PropertyModel model;
-    Property *property = model.addProperty(type, "p", {});
-    QVERIFY(property);
-    if (auto *combo = dynamic_cast<ComboProperty *>(property))
-        combo->setComboValues({"zero", "one"});
-    QVariant const before = property->getValue();
-    QCOMPARE(property->isCompatible(value), accepted);
-    QCOMPARE(property->setValue(value, Internal), accepted);
-    QCOMPARE(property->getValue(), accepted ? value : before);
-}
-
-void tst_TypedProperties::toolTips_data()
-{
-    QTest::addColumn<Maker>("make");
-    QTest::addColumn<QString>("tip");
-    QTest::addColumn<QString>("tipWithHelp");
-
-    QTest::newRow("boolean") << Maker([](PropertyModel &m) { return add<BooleanProperty>(m, "b"); })
-                             << "Label <i>(b)</i><br><b>Boolean</b>"
-                             << "Label <i>(b)</i><br><b>Boolean</b><br><br>Help";
-    QTest::newRow("button") << Maker([](PropertyModel &m) { return add<ButtonProperty>(m, "u"); })
-                            << "Label (u)<br>Button"
-                            << "Label (u)<br>Button<br><br>Help";
-    QTest::newRow("combo") << Maker([](PropertyModel &m) { return add<ComboProperty>(m, "c"); })
-                           << "Label (c)<br>Combo"
-                           << "Label (c)<br>Combo<br><br>Help";
-    QTest::newRow("integer") << Maker([](PropertyModel &m) {
-        auto *p = add<IntegerProperty>(m, "i");
-        p->setMin(-5);
-        return p;
-    }) << "Label (i)<br>Integer<br>[-5,2147483647]"
-                             << "Label (i)<br>Integer<br>[-5,2147483647]<br><br>Help";
-    // The upper end stays at 0xFFFFFFFF whatever the maximum.
-    QTest::newRow("hex") << Maker([](PropertyModel &m) {
-        auto *p = add<HexProperty>(m, "h");
-        p->setMax(255);
-        p->setMin(16);
-        return p;
-    }) << "Label (h)<br>Hex<br>[16,0xFFFFFFFF]"
-                         << "Label (h)<br>Hex<br>[16,0xFFFFFFFF]<br><br>Help";
-    // The help text never shows on a float; its separator does.
-    QTest::newRow("float") << Maker([](PropertyModel &) { return new FloatProperty(nullptr, "f"); })
-                           << "Label (f)<br>Float<br>[1.17549e-38,3.40282e+38]"
-                           << "Label (f)<br>Float<br>[1.17549e-38,3.40282e+38]<br><br>";
-    QTest::newRow("text") << Maker([](PropertyModel &m) { return add<TextProperty>(m, "t"); })
-                          << "Label (t)<br>Text"
-                          << "Label (t)<br>Text<br><br>Help";
-    QTest::newRow("uuid") << Maker([](PropertyModel &m) { return add<UuidProperty>(m, "d"); })
-                          << "Label (d)<br>Uuid"
-                          << "Label (d)<br>Uuid<br><br>Help";
-}
-
-void tst_TypedProperties::toolTips()
-{
-    QFETCH(Maker, make);
-    QFETCH(QString, tip);
-    QFETCH(QString, tipWithHelp);
-
-    PropertyModel model;
-    Property *property = make(model);
-    property->setText("Label");
-    QCOMPARE(property->toolTip(), tip);
-    property->setHelpText("Help");
-    QCOMPARE(property->toolTip(), tipWithHelp);
-    if (!property->model())
-        delete property;
-}
-
-void tst_TypedProperties::jsonValues_data()
+void tst_TypedProperties::values_data()
 {
     QTest::addColumn<QString>("type");
     QTest::addColumn<QVariant>("value");
     QTest::addColumn<QJsonValue>("json");
+    QTest::addColumn<QVariant>("refused");
+    auto row = [](char const *name, QVariant const &value, QJsonValue const &json,
+                  QVariant const &refused) {
+        QTest::newRow(name) << QString(name).section(' ', 0, 0) << value << json << refused;
+    };
 
-    QUuid const uuid("{0f3a6b1e-2c4d-4e5f-8a9b-0c1d2e3f4a5b}");
-    QTest::newRow("boolean") << "boolean" << QVariant(true) << QJsonValue(true);
-    QTest::newRow("integer") << "integer" << QVariant(-42) << QJsonValue(-42);
-    QTest::newRow("text") << "text" << QVariant(QString("é\n\"")) << QJsonValue("é\n\"");
-    // The index, not the string.
-    QTest::newRow("combo") << "combo" << QVariant(2) << QJsonValue(2);
+    // No conversions: only the exact QVariant type is taken.
+    row("integer", -42, -42, 5u);
+    row("integer double", -42, -42, 5.0);
     // Hex is written signed: the top of the range is -1.
-    QTest::newRow("hex max") << "hex" << QVariant(0xFFFFFFFFu) << QJsonValue(-1);
-    QTest::newRow("hex high bit") << "hex" << QVariant(0x80000000u)
-                                  << QJsonValue(std::numeric_limits<int>::min());
-    QTest::newRow("hex small") << "hex" << QVariant(0x86B898u) << QJsonValue(8829080);
-    QTest::newRow("uuid") << "uuid" << QVariant(uuid)
-                          << QJsonValue("{0f3a6b1e-2c4d-4e5f-8a9b-0c1d2e3f4a5b}");
+    row("hex max", 0xFFFFFFFFu, -1, 5);
+    row("hex high bit", 0x80000000u, std::numeric_limits<int>::min(), 5);
+    row("boolean", true, true, 1);
+    row("text", QString("é\n\""), "é\n\"", QByteArray("x"));
+    row("uuid", QUuid("{0f3a6b1e-2c4d-4e5f-8a9b-0c1d2e3f4a5b}"),
+        "{0f3a6b1e-2c4d-4e5f-8a9b-0c1d2e3f4a5b}", QUuid::createUuid().toString());
+    // The index is written, not the string; it must hit the list of three.
+    row("combo", 2, 2, 3);
+    row("combo negative", 2, 2, -1);
 }
 
-void tst_TypedProperties::jsonValues()
+void tst_TypedProperties::values()
 {
     QFETCH(QString, type);
     QFETCH(QVariant, value);
     QFETCH(QJsonValue, json);
+    QFETCH(QVariant, refused);
 
     PropertyModel model;
-    Property *property = model.addProperty(type, "p", {});
-    if (auto *combo = dynamic_cast<ComboProperty *>(property))
-        combo->setComboValues({"a", "b", "c"});
+    Property *property = addOfType(model, type);
+    QVariant const before = property->getValue();
+    QVERIFY(!property->isCompatible(refused));
+    QVERIFY(!property->setValue(refused, Internal));
+    QCOMPARE(property->getValue(), before);
+    QVERIFY(property->isCompatible(value));
     QVERIFY(property->setValue(value, Internal));
     QJsonObject const saved = property->save();
     QCOMPARE(saved.value("value"), json);
 
-    PropertyModel other;
-    Property *copy = other.addProperty(type, "p", {});
-    if (auto *combo = dynamic_cast<ComboProperty *>(copy))
-        combo->setComboValues({"a", "b", "c"});
     // Through the text form, as a project file goes.
-    QJsonObject const reread = QJsonDocument::fromJson(QJsonDocument(saved).toJson()).object();
-    QVERIFY(copy->load(reread));
+    PropertyModel other;
+    Property *copy = addOfType(other, type);
+    QVERIFY(copy->load(QJsonDocument::fromJson(QJsonDocument(saved).toJson()).object()));
     QCOMPARE(copy->getValue(), value);
+}
+
+void tst_TypedProperties::toolTips_data()
+{
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<QString>("tip");
+    auto row = [](char const *type, char const *tip) {
+        QTest::newRow(type) << QString(type) << QString(tip);
+    };
+    row("boolean", "Label <i>(p)</i><br><b>Boolean</b>");
+    row("button", "Label (p)<br>Button");
+    row("combo", "Label (p)<br>Combo");
+    row("integer", "Label (p)<br>Integer<br>[-5,2147483647]");
+    // The upper end stays at 0xFFFFFFFF whatever the maximum.
+    row("hex", "Label (p)<br>Hex<br>[16,0xFFFFFFFF]");
+    row("float", "Label (p)<br>Float<br>[1.17549e-38,3.40282e+38]");
+    row("text", "Label (p)<br>Text");
+    row("uuid", "Label (p)<br>Uuid");
+}
+
+void tst_TypedProperties::toolTips()
+{
+    QFETCH(QString, type);
+    QFETCH(QString, tip);
+
+    PropertyModel model;
+    FloatProperty real(&model, "p");
+    Property *property = type == "float" ? &real : addOfType(model, type);
+    if (auto *integer = dynamic_cast<IntegerProperty *>(property))
+        integer->setMin(-5);
+    if (auto *hex = dynamic_cast<HexProperty *>(property)) {
+        hex->setMax(255);
+        hex->setMin(16);
+    }
+    property->setText("Label");
+    QCOMPARE(property->toolTip(), tip);
+    // The help text never shows on a float; its separator does.
+    property->setHelpText("Help");
+    QCOMPARE(property->toolTip(), tip + (type == "float" ? "<br><br>" : "<br><br>Help"));
 }
 
 void tst_TypedProperties::defaults()
 {
     PropertyModel model;
-    RecordingPropertyListener listener;
-    model.addListener(&listener);
     auto *integer = add<IntegerProperty>(model, "i");
     integer->setMax(100);
-    listener.clear();
-
-    // Without a default a property counts as default, yet reset writes the type's zero.
     QVERIFY(integer->setValue(5, Internal));
-    QVERIFY(integer->isDefault());
-    QCOMPARE(integer->getDefault(), QVariant(0));
-    integer->reset();
-    QCOMPARE(integer->getValue(), QVariant(0));
+    RecordingPropertyListener listener;
+    model.addListener(&listener);
 
-    // A default outside the limits, or of another type, is dropped.
-    listener.clear();
+    // A default outside the limits, or of another type, is dropped in silence.
     integer->setDefault(500);
     integer->setDefault(7u);
     QVERIFY(listener.calls.isEmpty());
-    QVERIFY(integer->setValue(5, Internal));
+    // Without a default a property counts as default, yet reset writes the type's zero.
     QVERIFY(integer->isDefault());
+    integer->reset();
+    QCOMPARE(integer->getValue(), QVariant(0));
 
     // A default is announced as a state change and leaves the value alone.
-    listener.clear();
     integer->setDefault(7);
-    QCOMPARE(listener.words(), QStringList({"state:i"}));
-    QCOMPARE(integer->getValue(), QVariant(5));
+    QCOMPARE(listener.words(), QStringList({"value:i", "state:i"}));
+    QCOMPARE(integer->getValue(), QVariant(0));
     QVERIFY(!integer->isDefault());
     integer->reset();
     QCOMPARE(integer->getValue(), QVariant(7));
     QVERIFY(integer->isDefault());
 
     auto *boolean = add<BooleanProperty>(model, "b");
-    boolean->setDefault(true);
-    QVERIFY(!boolean->isDefault());
-    boolean->reset();
-    QVERIFY(boolean->getBool());
-
     auto *text = add<TextProperty>(model, "t");
-    text->setDefault(QString("fallback"));
-    model.reset();
-    QCOMPARE(text->getString(), QString("fallback"));
-    QVERIFY(text->isDefault());
-
     auto *hex = add<HexProperty>(model, "h");
+    boolean->setDefault(true);
+    text->setDefault(QString("fallback"));
     hex->setDefault(0x10u);
-    hex->reset();
+    QVERIFY(!text->isDefault());
+    model.reset();
+    QVERIFY(boolean->getBool() && boolean->isDefault());
+    QCOMPARE(text->getString(), QString("fallback"));
     QCOMPARE(hex->getHex(), 0x10u);
 }
 
@@ -276,10 +207,8 @@ void tst_TypedProperties::integerLimits()
 {
     PropertyModel model;
     auto *integer = add<IntegerProperty>(model, "i");
-    QCOMPARE(integer->getMin(), std::numeric_limits<int>::min());
-    QCOMPARE(integer->getMax(), std::numeric_limits<int>::max());
     QVERIFY(integer->setValue(std::numeric_limits<int>::min(), Internal));
-    QVERIFY(integer->setValue(50, Internal));
+    QVERIFY(integer->setValue(std::numeric_limits<int>::max(), Internal));
     RecordingPropertyListener listener;
     model.addListener(&listener);
 
@@ -289,11 +218,8 @@ void tst_TypedProperties::integerLimits()
     QCOMPARE(listener.words(), QStringList({"value:i", "state:i"}));
     QVERIFY(!integer->setValue(21, Internal));
     QVERIFY(integer->setValue(-20, Internal));
-
-    listener.clear();
     integer->setMin(-10);
     QCOMPARE(integer->getInteger(), -10);
-    QCOMPARE(listener.words(), QStringList({"value:i", "state:i"}));
     QVERIFY(!integer->setValue(-11, Internal));
 
     // The old limits still apply to the pull: a minimum above the old maximum is not
@@ -309,29 +235,18 @@ void tst_TypedProperties::integerLimits()
     integer->setStep(1);
     integer->setShowButton(false);
     integer->setUpdateOnEdit(false);
-    QVERIFY(!integer->getUpdateOnEdit());
     QVERIFY(listener.calls.isEmpty());
     integer->setStep(5);
     integer->setShowButton(true);
-    QCOMPARE(integer->getStep(), 5);
-    QVERIFY(integer->getShowButton());
     QCOMPARE(listener.words(), QStringList({"state:i", "state:i"}));
-
-    // Limits are checked on writes only: a new property holds 0 outside its limits.
-    auto *fresh = add<IntegerProperty>(model, "fresh");
-    fresh->setMin(10);
-    QCOMPARE(fresh->getInteger(), 10);
-    IntegerProperty detached(nullptr, "detached");
-    QCOMPARE(detached.getInteger(), 0);
 }
 
 void tst_TypedProperties::hexLimits()
 {
     PropertyModel model;
     auto *hex = add<HexProperty>(model, "h");
-    QCOMPARE(hex->getMin(), 0u);
-    QCOMPARE(hex->getMax(), 0xFFFFFFFFu);
-    QVERIFY(!hex->getShowButton());
+    QVERIFY(hex->setValue(0xFFFFFFFFu, Internal));
+    QVERIFY(hex->setValue(0u, Internal));
 
     // Lowering the maximum raises a smaller value to it.
     hex->setMax(255);
@@ -342,58 +257,47 @@ void tst_TypedProperties::hexLimits()
     hex->setMax(1000);
     QCOMPARE(hex->getHex(), 100u);
     QVERIFY(hex->setValue(1000u, Internal));
-
     // A value above the new maximum stays where it is.
-    auto *other = add<HexProperty>(model, "o");
-    QVERIFY(other->setValue(0x90u, Internal));
-    other->setMax(0x10);
-    QCOMPARE(other->getHex(), 0x90u);
+    hex->setMax(0x10);
+    QCOMPARE(hex->getHex(), 1000u);
 
     // The minimum behaves as usual.
-    auto *third = add<HexProperty>(model, "t");
-    third->setMin(8);
-    QCOMPARE(third->getHex(), 8u);
-    QVERIFY(!third->setValue(7u, Internal));
-    third->setShowButton(true);
-    QVERIFY(third->getShowButton());
+    auto *other = add<HexProperty>(model, "o");
+    other->setMin(8);
+    QCOMPARE(other->getHex(), 8u);
+    QVERIFY(!other->setValue(7u, Internal));
 }
 
 void tst_TypedProperties::floatLimits()
 {
     PropertyModel model;
-    auto *real = new FloatProperty(&model, "f");
-    QCOMPARE(real->type(), QString("float"));
-    QCOMPARE(real->getMin(), std::numeric_limits<float>::min());
-    QCOMPARE(real->getMax(), std::numeric_limits<float>::max());
-    QCOMPARE(real->getStep(), 1.0f);
+    FloatProperty real(&model, "f");
+    QCOMPARE(real.type(), QString("float"));
 
     // Zero and negative numbers are refused until the minimum allows them.
-    QVERIFY(!real->setValue(0.0f, Internal));
-    QVERIFY(!real->setValue(-1.0f, Internal));
-    QVERIFY(!real->setValue(1.5, Internal));
-    QVERIFY(!real->setValue(std::numeric_limits<float>::quiet_NaN(), Internal));
-    QVERIFY(real->setValue(1.5f, Internal));
-    QVERIFY(real->load(QJsonObject{{"type", "float"}, {"value", 0.0}}));
-    QCOMPARE(real->getFloat(), 1.5f);
+    QVERIFY(!real.setValue(0.0f, Internal));
+    QVERIFY(!real.setValue(-1.0f, Internal));
+    QVERIFY(!real.setValue(1.5, Internal));
+    QVERIFY(!real.setValue(std::numeric_limits<float>::quiet_NaN(), Internal));
+    QVERIFY(real.setValue(std::numeric_limits<float>::min(), Internal));
+    QVERIFY(real.setValue(std::numeric_limits<float>::max(), Internal));
+    QVERIFY(real.setValue(1.5f, Internal));
+    QVERIFY(real.load(QJsonObject{{"type", "float"}, {"value", 0.0}}));
+    QCOMPARE(real.getFloat(), 1.5f);
     // Too large for a float: refused, not converted.
-    QVERIFY(real->load(QJsonObject{{"type", "float"}, {"value", 1e300}}));
-    QCOMPARE(real->getFloat(), 1.5f);
-    real->setDefault(0.0f);
-    real->reset();
-    QCOMPARE(real->getFloat(), 1.5f);
+    QVERIFY(real.load(QJsonObject{{"type", "float"}, {"value", 1e300}}));
+    QCOMPARE(real.getFloat(), 1.5f);
+    real.setDefault(0.0f);
+    real.reset();
+    QCOMPARE(real.getFloat(), 1.5f);
 
-    real->setMin(-1.0f);
-    QVERIFY(real->setValue(0.0f, Internal));
-    QVERIFY(real->load(QJsonObject{{"type", "float"}, {"value", -0.25}}));
-    QCOMPARE(real->getFloat(), -0.25f);
-    QCOMPARE(real->save().value("value"), QJsonValue(-0.25));
-
-    real->setMax(-0.5f);
-    QCOMPARE(real->getFloat(), -0.5f);
-    real->setStep(0.5f);
-    QCOMPARE(real->getStep(), 0.5f);
-    QCOMPARE(AbstractFloatProperty::Get(&model, "f"), 0.0f);
-    delete real;
+    real.setMin(-1.0f);
+    QVERIFY(real.setValue(0.0f, Internal));
+    QVERIFY(real.load(QJsonObject{{"type", "float"}, {"value", -0.25}}));
+    QCOMPARE(real.getFloat(), -0.25f);
+    QCOMPARE(real.save().value("value"), QJsonValue(-0.25));
+    real.setMax(-0.5f);
+    QCOMPARE(real.getFloat(), -0.5f);
 }
 
 void tst_TypedProperties::combo()
@@ -402,9 +306,7 @@ void tst_TypedProperties::combo()
     auto *combo = add<ComboProperty>(model, "c");
     QCOMPARE(combo->getCurrentIndex(), -1);
     QVERIFY(combo->isDefault());
-    QCOMPARE(combo->getCurrentString(), QString());
     QCOMPARE(combo->stringValue(), QString());
-    QVERIFY(combo->getComboValues().empty());
 
     // An empty list takes no index, and -1 survives a new list.
     QVERIFY(!combo->setValue(0, Internal));
@@ -417,15 +319,11 @@ void tst_TypedProperties::combo()
 
     QVERIFY(combo->setCurrentString("blue", Internal));
     QCOMPARE(combo->getCurrentIndex(), 2);
-    QCOMPARE(combo->getCurrentString(), QString("blue"));
     QCOMPARE(combo->stringValue(), QString("blue"));
     QVERIFY(!combo->setCurrentString("purple", Internal));
     QVERIFY(!combo->setCurrentIndex(3, Internal));
-    QVERIFY(!combo->setCurrentIndex(-1, Internal));
     QVERIFY(combo->setCurrentIndex(1, Internal));
-    QCOMPARE(combo->getString(), QString("green"));
-    QCOMPARE(combo->indexForValue("red"), 0);
-    QCOMPARE(combo->indexForValue("Red"), -1);
+    QCOMPARE(combo->getCurrentString(), QString("green"));
 
     // A shorter list moves an index past its end to 0: value change first, then state.
     QVERIFY(combo->setCurrentIndex(2, Internal));
@@ -444,55 +342,42 @@ void tst_TypedProperties::combo()
 
     combo->setComboValues({"x", "y"});
     combo->setDefault(1);
-    QVERIFY(!combo->isDefault());
     combo->setDefault(5);
-    QCOMPARE(combo->getDefault(), QVariant(1));
+    QVERIFY(!combo->isDefault());
     combo->reset();
     QCOMPARE(combo->getCurrentString(), QString("y"));
-}
 
-void tst_TypedProperties::comboStatics()
-{
-    PropertyModel model;
-    auto *combo = add<ComboProperty>(model, "c");
-    add<IntegerProperty>(model, "i");
-    combo->setComboValues({"a", "b"});
-
+    // The accessors by id: a missing id reads as -1 or nothing and refuses a string.
     QCOMPARE(AbstractComboProperty::GetIndex(&model, "missing"), -1);
     QCOMPARE(AbstractComboProperty::GetString(&model, "missing"), QString());
-    QVERIFY(!AbstractComboProperty::SetString(&model, "missing", "a", Internal));
-    QVERIFY(!AbstractComboProperty::SetIndex(&model, "missing", 0, Internal));
-
-    QVERIFY(AbstractComboProperty::SetString(&model, "c", "b", Internal));
-    QCOMPARE(AbstractComboProperty::GetIndex(&model, "c"), 1);
-    QVERIFY(AbstractComboProperty::SetIndex(&model, "c", 0, Internal));
-    QCOMPARE(AbstractComboProperty::GetString(&model, "c"), QString("a"));
+    QVERIFY(!AbstractComboProperty::SetString(&model, "missing", "x", Internal));
+    QVERIFY(AbstractComboProperty::SetString(&model, "c", "x", Internal));
+    QCOMPARE(AbstractComboProperty::GetIndex(&model, "c"), 0);
     QVERIFY(!AbstractComboProperty::SetIndex(&model, "c", 2, Internal));
-
     // SetIndex goes to the property itself, which is silent only while the model is.
-    RecordingPropertyListener listener;
-    model.addListener(&listener);
+    listener.clear();
     model.setEventsEnabled(false);
     QVERIFY(AbstractComboProperty::SetIndex(&model, "c", 1, Internal));
+    QCOMPARE(AbstractComboProperty::GetString(&model, "c"), QString("y"));
     QVERIFY(listener.calls.isEmpty());
 }
 
 void tst_TypedProperties::buttonAndUuid()
 {
+    // Neither has a default of its own: both always count as default and reset does nothing.
     PropertyModel model;
     auto *button = add<ButtonProperty>(model, "b");
     QVERIFY(!button->getPersistent());
-    QVERIFY(button->setValue(QString("Press me"), Internal));
+    QVERIFY(ButtonProperty::SetValue(&model, "b", "Press me", Internal));
+    QVERIFY(!ButtonProperty::SetValue(&model, "missing", "Other", Internal));
+    QVERIFY(!button->setValue(true, Internal));
     QVERIFY(button->isDefault());
     button->reset();
-    QCOMPARE(button->getValue(), QVariant(QString("Press me")));
+    QCOMPARE(ButtonProperty::GetValue(&model, "b"), QString("Press me"));
     QCOMPARE(button->save(),
              QJsonObject({{"type", "button"}, {"visible", true}, {"enabled", true}}));
-    QCOMPARE(ButtonProperty::GetValue(&model, "b"), QString("Press me"));
-    QVERIFY(ButtonProperty::SetValue(&model, "b", "Other", Internal));
-    QVERIFY(!ButtonProperty::SetValue(&model, "missing", "Other", Internal));
 
-    // Each uuid property draws its own id, and keeps it through reset.
+    // Each uuid property draws its own id without any call.
     auto *first = add<UuidProperty>(model, "u1");
     auto *second = add<UuidProperty>(model, "u2");
     QVERIFY(!first->getUuid().isNull());
@@ -500,7 +385,6 @@ void tst_TypedProperties::buttonAndUuid()
     QUuid const drawn = first->getUuid();
     QVERIFY(first->isDefault());
     first->reset();
-    QCOMPARE(first->getUuid(), drawn);
     QCOMPARE(UuidProperty::Get(&model, "u1"), drawn);
     QVERIFY(UuidProperty::Get(&model, "missing").isNull());
 
@@ -512,32 +396,19 @@ void tst_TypedProperties::buttonAndUuid()
 void tst_TypedProperties::staticAccessors()
 {
     PropertyModel model;
-    add<BooleanProperty>(model, "b");
     add<IntegerProperty>(model, "i");
     add<HexProperty>(model, "h");
-    add<TextProperty>(model, "t");
-
-    QVERIFY(AbstractBooleanProperty::Set(&model, "b", true, Internal));
+    FloatProperty real(&model, "f");
     QVERIFY(AbstractIntegerProperty::Set(&model, "i", -4, Internal));
-    QVERIFY(AbstractHexProperty::Set(&model, "h", 0xABu, Internal));
-    QVERIFY(AbstractTextProperty::Set(&model, "t", "words", Internal));
-    QCOMPARE(AbstractBooleanProperty::Get(&model, "b"), true);
+    QVERIFY(AbstractHexProperty::Set(&model, "h", 0xFFFFFFFFu, Internal));
     QCOMPARE(AbstractIntegerProperty::Get(&model, "i"), -4);
-    QCOMPARE(AbstractHexProperty::Get(&model, "h"), 0xABu);
-    QCOMPARE(AbstractTextProperty::Get(&model, "t"), QString("words"));
+    QCOMPARE(AbstractHexProperty::Get(&model, "h"), 0xFFFFFFFFu);
 
-    // Writing the current value is a refusal like any other.
-    QVERIFY(!AbstractIntegerProperty::Set(&model, "i", -4, Internal));
-
-    // Unknown ids read as zero and refuse writes.
-    QVERIFY(!AbstractBooleanProperty::Set(&model, "x", true, Internal));
+    // Unknown ids, and properties the model does not hold, read as zero and refuse writes.
     QVERIFY(!AbstractIntegerProperty::Set(&model, "x", 1, Internal));
-    QVERIFY(!AbstractHexProperty::Set(&model, "x", 1u, Internal));
-    QVERIFY(!AbstractTextProperty::Set(&model, "x", "a", Internal));
-    QCOMPARE(AbstractBooleanProperty::Get(&model, "x"), false);
-    QCOMPARE(AbstractIntegerProperty::Get(&model, "x"), 0);
-    QCOMPARE(AbstractHexProperty::Get(&model, "x"), 0u);
     QCOMPARE(AbstractTextProperty::Get(&model, "x"), QString());
+    QVERIFY(!AbstractFloatProperty::Set(&model, "f", 2.0f, Internal));
+    QCOMPARE(AbstractFloatProperty::Get(&model, "f"), 0.0f);
 }
 
 QTEST_GUILESS_MAIN(tst_TypedProperties)

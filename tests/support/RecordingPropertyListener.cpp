@@ -8,57 +8,15 @@ void RecordingPropertyListener::propertyValueChanged(Property *property, QVarian
                                                      QVariant const &newValue,
                                                      PropertyChangeReason reason)
 {
-    Call call;
-    call.word = "value:" + property->id();
-    call.property = property;
-    call.oldValue = oldValue;
-    call.newValue = newValue;
-    call.valueSeen = property->getValue();
-    call.reason = reason;
-    _record(call);
-}
-
-void RecordingPropertyListener::propertyStateChanged(Property *property)
-{
-    Call call;
-    call.word = "state:" + property->id();
-    call.property = property;
-    _record(call);
-}
-
-void RecordingPropertyListener::categoryExpandStateChanged(QString const &id)
-{
-    _recordWord("categoryExpand:" + id);
-}
-
-void RecordingPropertyListener::categoryVisibleStateChanged(QString const &id)
-{
-    _recordWord("categoryVisible:" + id);
-}
-
-void RecordingPropertyListener::groupExpandStateChanged(QString const &id)
-{
-    _recordWord("groupExpand:" + id);
-}
-
-void RecordingPropertyListener::groupVisibleStateChanged(QString const &id)
-{
-    _recordWord("groupVisible:" + id);
+    _record({{}, nullptr, oldValue, newValue, property->getValue(), reason}, "value:", property);
 }
 
 void RecordingPropertyListener::propertyEventRaised(Property *property, unsigned int event,
                                                     std::map<QString, QVariant> const &)
 {
     Call call;
-    call.word = "event:" + property->id();
-    call.property = property;
     call.event = event;
-    _record(call);
-}
-
-void RecordingPropertyListener::modelLoaded()
-{
-    _recordWord("loaded");
+    _record(call, "event:", property);
 }
 
 QStringList RecordingPropertyListener::words() const
@@ -69,20 +27,10 @@ QStringList RecordingPropertyListener::words() const
     return result;
 }
 
-void RecordingPropertyListener::clear()
+void RecordingPropertyListener::_record(Call call, QString const &word, Property *property)
 {
-    calls.clear();
-}
-
-void RecordingPropertyListener::_recordWord(QString const &word)
-{
-    Call call;
-    call.word = word;
-    _record(call);
-}
-
-void RecordingPropertyListener::_record(Call const &call)
-{
+    call.word = property ? word + property->id() : word;
+    call.property = property;
     calls.append(call);
     if (onCall)
         onCall(call);

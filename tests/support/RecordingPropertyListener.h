@@ -30,24 +30,29 @@ public:
 
     void propertyValueChanged(Property *property, QVariant const &oldValue,
                               QVariant const &newValue, PropertyChangeReason reason) override;
-    void propertyStateChanged(Property *property) override;
-    void categoryExpandStateChanged(QString const &id) override;
-    void categoryVisibleStateChanged(QString const &id) override;
-    void groupExpandStateChanged(QString const &id) override;
-    void groupVisibleStateChanged(QString const &id) override;
+    void propertyStateChanged(Property *property) override { _record({}, "state:", property); }
+    void categoryExpandStateChanged(QString const &id) override
+    {
+        _record({}, "categoryExpand:" + id);
+    }
+    void categoryVisibleStateChanged(QString const &id) override
+    {
+        _record({}, "categoryVisible:" + id);
+    }
+    void groupExpandStateChanged(QString const &id) override { _record({}, "groupExpand:" + id); }
+    void groupVisibleStateChanged(QString const &id) override { _record({}, "groupVisible:" + id); }
     void propertyEventRaised(Property *property, unsigned int event,
                              std::map<QString, QVariant> const &params) override;
-    void modelLoaded() override;
+    void modelLoaded() override { _record({}, "loaded"); }
 
     QStringList words() const;
-    void clear();
+    void clear() { calls.clear(); }
 
     QList<Call> calls;
     std::function<void(Call const &)> onCall;
 
 private:
-    void _recordWord(QString const &word);
-    void _record(Call const &call);
+    void _record(Call call, QString const &word, Property *property = nullptr);
 };
 
 } // namespace TES::Test
