@@ -22,11 +22,6 @@ void raiseNow(unsigned long long type)
     EventBus::i().raiseEventNow(makeEvent(type));
 }
 
-QString namePrinter(unsigned long long type)
-{
-    return QStringLiteral("MY_%1").arg(type);
-}
-
 } // namespace
 
 class tst_EventBus : public QObject
@@ -72,7 +67,8 @@ void tst_EventBus::eventsAndPrinters()
     QCOMPARE(printEventType(37), QString("EVT_SCREEN_ROOTMOVED"));
     QCOMPARE(printEventType(64), QString("EVT_USER"));
     // A user printer names every number from 64 up, and only those.
-    QVERIFY(setUserEventTypePrinter(&namePrinter));
+    QVERIFY(setUserEventTypePrinter(
+        [](unsigned long long type) { return QString("MY_%1").arg(type); }));
     QCOMPARE(printEventType(64), QString("MY_64"));
     QCOMPARE(printEventType(1000), QString("MY_1000"));
     QCOMPARE(printEventType(63), QString("EVT_SELECT_REFRESH"));

@@ -10,7 +10,6 @@
 #include "services/Log.h"
 #include "services/PluginManager.h"
 #include "support/RecordingHandler.h"
-#include "windows/TesseraWindow.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -348,9 +347,7 @@ void tst_GlobalState::userStateSurvivesCoreRestart()
     QCOMPARE(GlobalState::i().getString(G::Session, 9), QString("."));
     // A new GlobalState is dirty; start-up ends with the clean request.
     QCOMPARE(GlobalState::i().getDirty(), false);
-    QCOMPARE(TesseraWindow::i().windowTitle(), QString("Corvane Graphics Tessera"));
     QVERIFY(GlobalState::i().setInt(G::User, 1, 0x123456));
-    QCOMPARE(TesseraWindow::i().windowTitle(), QString("Corvane Graphics Tessera*"));
     QVERIFY(GlobalState::i().setInt(G::User, 0, 1));
     QCOMPARE(Log::i().getLevel(), LogLevel::Debug); // a change of the preference moves it
     QVERIFY(GlobalState::i().setInt(G::Project, 2, 25));

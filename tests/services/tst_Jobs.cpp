@@ -169,8 +169,7 @@ private slots:
 
     void queueRunsItsJobsTogether();
     void queueOnAPoolOfOneThread();
-    void runAndWaitAndTheEmptyQueue();
-    void queueOwnsItsJobs();
+    void runAndWaitEmptyQueueAndOwnership();
     void runnableRunsOnTheNextTurn();
     void threadManagerRunsAJob();
 };
@@ -237,7 +236,7 @@ void tst_Jobs::queueOnAPoolOfOneThread()
     QVERIFY(static_cast<FunctionJob *>(queue.job(0))->done);
 }
 
-void tst_Jobs::runAndWaitAndTheEmptyQueue()
+void tst_Jobs::runAndWaitEmptyQueueAndOwnership()
 {
     Receiver owner;
     ProgressMonitor monitor(&owner);
@@ -267,32 +266,25 @@ void tst_Jobs::runAndWaitAndTheEmptyQueue()
     empty.runAndWait();
     QTRY_COMPARE(owner.seen, QStringList({"finished"}));
 
-    // Without an owner nobody is told; outside a queue jobDone() has no semaphore to release.
-    JobQueue orphan(nullptr);
-    orphan.runAndWait();
+    // Without an owner nobody is told. The queue owns its jobs, which the pool that ran them
+    // doesn't delete, and deletes them in reverse order.
+    deaths.clear();
+    auto *orphan = new JobQueue(nullptr);
+    for (QString const name : {"first", "second", "third"})
+        orphan->addJob(new FunctionJob(nullptr, name));
+    QVERIFY_EXCEPTION_THROWN(orphan->job(3), std::out_of_range);
+    QVERIFY_EXCEPTION_THROWN(orphan->job(-1), std::out_of_range);
+    orphan->runAndWait();
+    QVERIFY(deaths.isEmpty());
+    delete orphan;
+    QCOMPARE(deaths, QStringList({"third", "second", "first"}));
+
+    // Outside a queue jobDone() has no semaphore to release.
     FunctionJob alone(nullptr);
     QVERIFY(!alone.autoDelete());
     alone.jobDone();
     alone.run();
     QVERIFY(alone.done);
-}
-
-void tst_Jobs::queueOwnsItsJobs()
-{
-    deaths.clear();
-    auto *queue = new JobQueue(nullptr);
-    QVERIFY_EXCEPTION_THROWN(queue->job(0), std::out_of_range);
-    for (QString const name : {"first", "second", "third"})
-        queue->addJob(new FunctionJob(nullptr, name));
-    QCOMPARE(queue->count(), 3);
-    QVERIFY_EXCEPTION_THROWN(queue->job(3), std::out_of_range);
-    QVERIFY_EXCEPTION_THROWN(queue->job(-1), std::out_of_range);
-
-    // A queue's jobs are not deleted by the pool that ran them.
-    queue->runAndWait();
-    QVERIFY(deaths.isEmpty());
-    delete queue;
-    QCOMPARE(deaths, QStringList({"third", "second", "first"}));
 }
 
 void tst_Jobs::runnableRunsOnTheNextTurn()
