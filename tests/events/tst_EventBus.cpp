@@ -8,6 +8,7 @@
 
 using namespace TES;
 using TES::Test::RecordingHandler;
+using Types = QList<unsigned long long>;
 
 namespace {
 
@@ -16,9 +17,9 @@ QSharedPointer<Event> makeEvent(unsigned long long type, unsigned long long mask
     return QSharedPointer<Event>::create(type, mask);
 }
 
-QString namePrinter(unsigned long long type)
+void raiseNow(unsigned long long type)
 {
-    return QStringLiteral("MY_%1").arg(type);
+    EventBus::i().raiseEventNow(makeEvent(type));
 }
 
 } // namespace
@@ -31,19 +32,14 @@ private slots:
     void init();
     void cleanup();
 
-    void eventTypeNames_data();
-    void eventTypeNames();
-    void eventBasics();
+    void eventsAndPrinters();
     void deliveryFollowsMaskAndSwitches();
     void raiseEventNowDeliversQueueInOrder();
     void raiseInsideDeliveryWaitsForNextPump();
-    void disabledBusDropsEvents();
     void removeDuringDelivery();
-    void removeSelfDuringDelivery();
-    void pendingAddAndRemove();
-    void removeThenAddBeforeFlush();
-    void removeThenAddAcrossPumps();
+    void subscriptionTiming();
     void resetKeepsOnlyPersistent();
+    void callsWithoutAnInstance();
     void eventLockWritesTheFlag();
 };
 
@@ -59,40 +55,20 @@ void tst_EventBus::cleanup()
     setUserEventTypePrinter(nullptr);
 }
 
-void tst_EventBus::eventTypeNames_data()
-{
-    QTest::addColumn<unsigned long long>("type");
-    QTest::addColumn<QString>("name");
-    QTest::newRow("first") << 0ULL << "EVT_TYPE_ERROR";
-    QTest::newRow("project new") << 9ULL << "EVT_PROJECT_NEW";
-    QTest::newRow("root moved") << 37ULL << "EVT_SCREEN_ROOTMOVED";
-    QTest::newRow("request clean") << 40ULL << "EVT_GLOBALSTATE_REQUEST_CLEAN";
-    QTest::newRow("tool deactivated") << 49ULL << "EVT_TOOL_DEACTIVATED";
-    QTest::newRow("scene repaint") << 61ULL << "EVT_SCENE_REPAINT";
-    QTest::newRow("last named") << 63ULL << "EVT_SELECT_REFRESH";
-    QTest::newRow("user") << 64ULL << "EVT_USER";
-    QTest::newRow("far user") << 1000ULL << "EVT_USER";
-}
-
-void tst_EventBus::eventTypeNames()
-{
-    QFETCH(unsigned long long, type);
-    QFETCH(QString, name);
-    QCOMPARE(printEventType(type), name);
-}
-
-void tst_EventBus::eventBasics()
+void tst_EventBus::eventsAndPrinters()
 {
     Event event(40, 64);
     QCOMPARE(event.toString(), QString("EVT_GLOBALSTATE_REQUEST_CLEAN"));
-    QCOMPARE(event.type(), 40ULL);
-    QCOMPARE(event.mask(), 64ULL);
     QVERIFY(!event.isVetoed());
     event.veto();
     QVERIFY(event.isVetoed());
 
+    QCOMPARE(printEventType(0), QString("EVT_TYPE_ERROR"));
+    QCOMPARE(printEventType(37), QString("EVT_SCREEN_ROOTMOVED"));
+    QCOMPARE(printEventType(64), QString("EVT_USER"));
     // A user printer names every number from 64 up, and only those.
-    QVERIFY(setUserEventTypePrinter(&namePrinter));
+    QVERIFY(setUserEventTypePrinter(
+        [](unsigned long long type) { return QString("MY_%1").arg(type); }));
     QCOMPARE(printEventType(64), QString("MY_64"));
     QCOMPARE(printEventType(1000), QString("MY_1000"));
     QCOMPARE(printEventType(63), QString("EVT_SELECT_REFRESH"));
@@ -109,15 +85,26 @@ void tst_EventBus::deliveryFollowsMaskAndSwitches()
 
     // The mask, not the type, decides who hears an event.
     EventBus::i().raiseEventNow(makeEvent(5, EVM_GLOBALSTATE));
-    QCOMPARE(globalState.types(), QList<unsigned long long>({5}));
+    QCOMPARE(globalState.types(), Types({5}));
     QVERIFY(project.events.isEmpty());
     QVERIFY(switchedOff.events.isEmpty());
 
     switchedOff.setEventHandlerEnabled(true);
     EventBus::i().raiseEventNow(makeEvent(1, EVM_PROJECT | EVM_GLOBALSTATE));
-    QCOMPARE(globalState.types(), QList<unsigned long long>({5, 1}));
-    QCOMPARE(project.types(), QList<unsigned long long>({1}));
-    QCOMPARE(switchedOff.types(), QList<unsigned long long>({1}));
+    QCOMPARE(globalState.types(), Types({5, 1}));
+    QCOMPARE(project.types(), Types({1}));
+    QCOMPARE(switchedOff.types(), Types({1}));
+
+    // Raised while the bus is off: lost, not deferred. A cleared queue delivers nothing either.
+    EventBus::i().setEventsEnabled(false);
+    QVERIFY(!EventBus::i().getEventsEnabled());
+    EventBus::i().raiseEvent(makeEvent(2));
+    raiseNow(3);
+    EventBus::i().setEventsEnabled(true);
+    EventBus::i().raiseEvent(makeEvent(4));
+    EventBus::i().clearEvents();
+    raiseNow(6);
+    QCOMPARE(project.types(), Types({1, 6}));
 }
 
 void tst_EventBus::raiseEventNowDeliversQueueInOrder()
@@ -134,9 +121,9 @@ void tst_EventBus::raiseEventNowDeliversQueueInOrder()
     EventBus::i().raiseEvent(makeEvent(3));
     QVERIFY(first.events.isEmpty());
 
-    EventBus::i().raiseEventNow(makeEvent(4));
-    QCOMPARE(first.types(), QList<unsigned long long>({1, 2, 3, 4}));
-    QCOMPARE(second.types(), QList<unsigned long long>({1, 2, 3, 4}));
+    raiseNow(4);
+    QCOMPARE(first.types(), Types({1, 2, 3, 4}));
+    QCOMPARE(second.types(), Types({1, 2, 3, 4}));
     QCOMPARE(order.size(), 8);
     for (int index = 0; index < 8; index += 2) {
         QCOMPARE(order.at(index).second, order.at(index + 1).second);
@@ -150,33 +137,15 @@ void tst_EventBus::raiseInsideDeliveryWaitsForNextPump()
     bool returnedBeforeDelivery = false;
     handler.onEvent = [&](QSharedPointer<Event> const &e) {
         if (e->type() == 1) {
-            EventBus::i().raiseEventNow(makeEvent(2));
-            returnedBeforeDelivery = handler.types() == QList<unsigned long long>({1});
+            raiseNow(2);
+            returnedBeforeDelivery = handler.types() == Types({1});
         }
     };
-    EventBus::i().raiseEventNow(makeEvent(1));
+    raiseNow(1);
     QVERIFY(returnedBeforeDelivery);
-    QCOMPARE(handler.types(), QList<unsigned long long>({1}));
+    QCOMPARE(handler.types(), Types({1}));
     // The nested event arrives with the 100 ms shot.
-    QTRY_COMPARE(handler.types(), QList<unsigned long long>({1, 2}));
-}
-
-void tst_EventBus::disabledBusDropsEvents()
-{
-    RecordingHandler handler;
-    EventBus::i().setEventsEnabled(false);
-    QVERIFY(!EventBus::i().getEventsEnabled());
-    EventBus::i().raiseEvent(makeEvent(1));
-    EventBus::i().raiseEventNow(makeEvent(2));
-    EventBus::i().setEventsEnabled(true);
-    EventBus::i().raiseEventNow(makeEvent(3));
-    // Lost, not deferred.
-    QCOMPARE(handler.types(), QList<unsigned long long>({3}));
-
-    EventBus::i().raiseEvent(makeEvent(4));
-    EventBus::i().clearEvents();
-    EventBus::i().raiseEventNow(makeEvent(5));
-    QCOMPARE(handler.types(), QList<unsigned long long>({3, 5}));
+    QTRY_COMPARE(handler.types(), Types({1, 2}));
 }
 
 void tst_EventBus::removeDuringDelivery()
@@ -194,107 +163,109 @@ void tst_EventBus::removeDuringDelivery()
     };
     removeOther(a, b);
     removeOther(b, a);
-    EventBus::i().raiseEventNow(makeEvent(1));
-    EventBus::i().raiseEventNow(makeEvent(2));
+    raiseNow(1);
+    raiseNow(2);
     QCOMPARE(a.events.size() + b.events.size(), 2);
     QVERIFY(a.events.isEmpty() || b.events.isEmpty());
-}
 
-void tst_EventBus::removeSelfDuringDelivery()
-{
+    // A handler that deletes itself inside its delivery: the others go on being served.
     auto self = std::make_unique<RecordingHandler>();
     RecordingHandler other;
-    RecordingHandler *raw = self.get();
-    raw->onEvent = [&](QSharedPointer<Event> const &) { self.reset(); };
-    EventBus::i().raiseEventNow(makeEvent(1));
+    self->onEvent = [&](QSharedPointer<Event> const &) { self.reset(); };
+    raiseNow(3);
     QVERIFY(!self);
-    QCOMPARE(other.types(), QList<unsigned long long>({1}));
-    EventBus::i().raiseEventNow(makeEvent(2));
-    QCOMPARE(other.types(), QList<unsigned long long>({1, 2}));
+    raiseNow(4);
+    QCOMPARE(other.types(), Types({3, 4}));
 }
 
-void tst_EventBus::pendingAddAndRemove()
+void tst_EventBus::subscriptionTiming()
 {
     RecordingHandler handler;
     // Added and removed before any pump: never active.
     EventBus::i().removeHandler(&handler);
-    EventBus::i().raiseEventNow(makeEvent(1));
+    raiseNow(1);
     QVERIFY(handler.events.isEmpty());
 
     // A duplicate add gives one descriptor: one delivery per event.
     EventBus::i().addHandler(&handler);
     EventBus::i().addHandler(&handler);
-    EventBus::i().raiseEventNow(makeEvent(2));
-    QCOMPARE(handler.types(), QList<unsigned long long>({2}));
+    raiseNow(2);
+    QCOMPARE(handler.types(), Types({2}));
 
     // Adding an active handler and removing it before a flush only undoes the pending add.
     EventBus::i().addHandler(&handler);
     EventBus::i().removeHandler(&handler);
-    EventBus::i().raiseEventNow(makeEvent(3));
-    QCOMPARE(handler.types(), QList<unsigned long long>({2, 3}));
+    raiseNow(3);
+    QCOMPARE(handler.types(), Types({2, 3}));
+
+    // Remove, then add again before the next flush: the flush creates a new descriptor and
+    // then erases it, so the handler ends up unsubscribed. A second add after that pump
+    // subscribes it.
+    EventBus::i().removeHandler(&handler);
+    EventBus::i().addHandler(&handler);
+    raiseNow(4);
+    EventBus::i().addHandler(&handler);
+    raiseNow(5);
+    QCOMPARE(handler.types(), Types({2, 3, 5}));
+
+    // Removed, pumped, added again: one live descriptor, so the event arrives once.
+    EventBus::i().removeHandler(&handler);
+    raiseNow(6);
+    EventBus::i().addHandler(&handler);
+    raiseNow(7);
+    QCOMPARE(handler.types(), Types({2, 3, 5, 7}));
 
     // A handler added inside a delivery sees nothing of that pump.
     RecordingHandler late(~0ULL, true, "late");
     EventBus::i().removeHandler(&late);
     handler.onEvent = [&](QSharedPointer<Event> const &) { EventBus::i().addHandler(&late); };
-    EventBus::i().raiseEvent(makeEvent(4));
-    EventBus::i().raiseEventNow(makeEvent(5));
+    EventBus::i().raiseEvent(makeEvent(8));
+    raiseNow(9);
     QVERIFY(late.events.isEmpty());
     handler.onEvent = nullptr;
-    EventBus::i().raiseEventNow(makeEvent(6));
-    QCOMPARE(late.types(), QList<unsigned long long>({6}));
-}
-
-void tst_EventBus::removeThenAddBeforeFlush()
-{
-    RecordingHandler handler;
-    EventBus::i().raiseEventNow(makeEvent(1));
-    // Remove, then add again before the next flush: the flush creates a new descriptor and
-    // then erases it, so the handler ends up unsubscribed.
-    EventBus::i().removeHandler(&handler);
-    EventBus::i().addHandler(&handler);
-    EventBus::i().raiseEventNow(makeEvent(2));
-    QCOMPARE(handler.types(), QList<unsigned long long>({1}));
-    // A second add after that pump subscribes it.
-    EventBus::i().addHandler(&handler);
-    EventBus::i().raiseEventNow(makeEvent(3));
-    QCOMPARE(handler.types(), QList<unsigned long long>({1, 3}));
-}
-
-void tst_EventBus::removeThenAddAcrossPumps()
-{
-    RecordingHandler handler;
-    EventBus::i().raiseEventNow(makeEvent(1));
-    EventBus::i().removeHandler(&handler);
-    EventBus::i().raiseEventNow(makeEvent(2));
-    EventBus::i().addHandler(&handler);
-    EventBus::i().raiseEventNow(makeEvent(3));
-    // One live descriptor: the event arrives once.
-    QCOMPARE(handler.types(), QList<unsigned long long>({1, 3}));
+    raiseNow(10);
+    QCOMPARE(late.types(), Types({10}));
 }
 
 void tst_EventBus::resetKeepsOnlyPersistent()
 {
     RecordingHandler persistent(~0ULL, true);
     RecordingHandler active(~0ULL, false, "active");
-    EventBus::i().raiseEventNow(makeEvent(1));
+    raiseNow(1);
     // Still pending when the reset comes: flushed first and erased in the same call.
     RecordingHandler pending(~0ULL, false, "pending");
 
     EventBus::i().setEventsEnabled(false);
     EventBus::i().reset();
     EventBus::i().setEventsEnabled(true);
-    EventBus::i().raiseEventNow(makeEvent(2));
+    raiseNow(2);
 
-    QCOMPARE(persistent.types(), QList<unsigned long long>({1, 2}));
-    QCOMPARE(active.types(), QList<unsigned long long>({1}));
+    QCOMPARE(persistent.types(), Types({1, 2}));
+    QCOMPARE(active.types(), Types({1}));
     QVERIFY(pending.events.isEmpty());
 
     // A reset empties the queue too.
     EventBus::i().raiseEvent(makeEvent(3));
     EventBus::i().reset();
-    EventBus::i().raiseEventNow(makeEvent(4));
-    QCOMPARE(persistent.types(), QList<unsigned long long>({1, 2, 4}));
+    raiseNow(4);
+    QCOMPARE(persistent.types(), Types({1, 2, 4}));
+}
+
+void tst_EventBus::callsWithoutAnInstance()
+{
+    // What a destructor meets after destroy(): a bus object with no instance behind it.
+    EventBus *stale = EventBus::ip();
+    new EventBus();
+    EventBus::destroy();
+    QVERIFY(!EventBus::ip());
+    RecordingHandler handler; // finds no bus, and leaves none behind when it goes
+    stale->addHandler(&handler);
+    stale->raiseEvent(makeEvent(1));
+    stale->raiseEventNow(makeEvent(2));
+    stale->removeHandler(&handler);
+    QVERIFY(!stale->getEventsEnabled());
+    QVERIFY(handler.events.isEmpty());
+    delete stale;
 }
 
 void tst_EventBus::eventLockWritesTheFlag()

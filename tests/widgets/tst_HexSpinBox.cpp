@@ -36,7 +36,6 @@ private slots:
     void validate();
     void typedPrefix();
     void typingIsCheckedKeyByKey();
-    void clearedFieldFallsBackToMinimum();
     void paddedToTheMaximum();
     void limits();
     void stepping();
@@ -72,15 +71,10 @@ void tst_HexSpinBox::setFromString_data()
     QTest::newRow("bare hex") << 0u << all << "1f" << true << 31u;
     // Only a lower-case prefix counts as one; base 16 takes "0X" by itself.
     QTest::newRow("upper prefix") << 0u << all << "0X1F" << true << 31u;
-    QTest::newRow("digits are hex") << 0u << all << "10" << true << 16u;
-    QTest::newRow("largest") << 0u << all << "FFFFFFFF" << true << all;
     QTest::newRow("empty is minimum") << 5u << all << "" << true << 5u;
     QTest::newRow("clamped high") << 0u << 0xFFu << "1FF" << true << 0xFFu;
-    QTest::newRow("clamped low") << 0x10u << all << "1" << true << 0x10u;
     QTest::newRow("not hex") << 0u << all << "zz" << false << 7u;
-    QTest::newRow("prefix alone") << 0u << all << "0x" << false << 7u;
     QTest::newRow("too large") << 0u << all << "100000000" << false << 7u;
-    QTest::newRow("negative") << 0u << all << "-1" << false << 7u;
 }
 
 void tst_HexSpinBox::setFromString()
@@ -113,15 +107,10 @@ void tst_HexSpinBox::validate_data()
     QTest::newRow("empty") << "" << ok << "";
     QTest::newRow("lower case") << "ab" << ok << "AB";
     QTest::newRow("prefixed") << "0x1f" << ok << "0X1F";
-    QTest::newRow("at the maximum") << "fff" << ok << "FFF";
     // Never Intermediate: a prefix on its own is refused outright.
     QTest::newRow("prefix alone") << "0x" << bad << "0x";
-    QTest::newRow("leading blank") << " 1" << bad << " 1";
     QTest::newRow("inner blank") << "1 2" << bad << "1 2";
-    QTest::newRow("tab") << "1\t" << bad << "1\t";
-    QTest::newRow("not hex") << "g" << bad << "g";
     QTest::newRow("above the maximum") << "1000" << bad << "1000";
-    QTest::newRow("below the minimum") << "f" << bad << "f";
 }
 
 void tst_HexSpinBox::validate()
@@ -163,29 +152,23 @@ void tst_HexSpinBox::typedPrefix()
 
 void tst_HexSpinBox::typingIsCheckedKeyByKey()
 {
+    // Blanks and letters beyond F are refused as they are typed.
     retype(*spin, "c 3");
     QCOMPARE(spin->text(), QString("C3"));
     retype(*spin, "xyz");
     QCOMPARE(spin->text(), QString());
 
+    // So is a key that would take the value above the maximum.
     spin->setMaximum(0xFF);
-    retype(*spin, "100");
-    QCOMPARE(spin->text(), QString("10"));
     retype(*spin, "ff1");
     QCOMPARE(spin->text(), QString("FF"));
     finish(*spin);
     QCOMPARE(spin->getValue(), 0xFFu);
-}
 
-void tst_HexSpinBox::clearedFieldFallsBackToMinimum()
-{
+    // A field typed empty falls back to the minimum when editing finishes.
     spin->setMinimum(3);
-    QCOMPARE(spin->getValue(), 3u);
-    retype(*spin, "7");
-    finish(*spin);
-    QCOMPARE(spin->getValue(), 7u);
-
     QTest::keyClick(spin, Qt::Key_End);
+    QTest::keyClick(spin, Qt::Key_Backspace);
     QTest::keyClick(spin, Qt::Key_Backspace);
     QCOMPARE(spin->text(), QString());
     finish(*spin);
@@ -197,22 +180,17 @@ void tst_HexSpinBox::paddedToTheMaximum()
 {
     spin->setMaximum(65535);
     spin->setValue(10);
-    QCOMPARE(spin->toString(), QString("A"));
-
     // The flag shows from the next setValue() on.
     spin->setFillField(true);
-    QVERIFY(spin->getFillField());
     QCOMPARE(spin->text(), QString("A"));
     spin->setValue(10);
     QCOMPARE(spin->text(), QString("000A"));
-
     retype(*spin, "b");
     finish(*spin);
     QCOMPARE(spin->text(), QString("000B"));
 
     // A maximum of 0 means no padding rather than a width of one digit.
     spin->setMaximum(0);
-    QCOMPARE(spin->getValue(), 0u);
     QCOMPARE(spin->toString(), QString("0"));
     spin->setMaximum(0xFFFFF);
     spin->setValue(1);
@@ -221,27 +199,18 @@ void tst_HexSpinBox::paddedToTheMaximum()
 
 void tst_HexSpinBox::limits()
 {
-    QCOMPARE(spin->getMinimum(), 0u);
-    QCOMPARE(spin->getMaximum(), 0xFFFFFFFFu);
     spin->setValue(0x80);
     QSignalSpy changed(spin, &HexSpinBox::valueChanged);
-
     // setValue() announces itself even when nothing changes.
     spin->setValue(0x80);
     QCOMPARE(changed.size(), 1);
 
+    // A lower maximum pulls the value down with it; limits that would cross are ignored.
     spin->setMaximum(0x40);
-    QCOMPARE(spin->getMaximum(), 0x40u);
     QCOMPARE(spin->getValue(), 0x40u);
-    QCOMPARE(changed.size(), 2);
     QCOMPARE(spin->text(), QString("40"));
-
     spin->setMinimum(0x50);
     QCOMPARE(spin->getMinimum(), 0u);
-    spin->setMinimum(0x20);
-    spin->setMaximum(0x10);
-    QCOMPARE(spin->getMaximum(), 0x40u);
-
     spin->setValue(0x30);
     spin->setMinimum(0x38);
     QCOMPARE(spin->getValue(), 0x38u);
@@ -251,7 +220,6 @@ void tst_HexSpinBox::stepping()
 {
     spin->setMaximum(65535);
     QCOMPARE(spin->stepEnabled(), QAbstractSpinBox::StepUpEnabled);
-
     // The arrow keys step only where stepEnabled() allows.
     QTest::keyClick(spin, Qt::Key_Down);
     QCOMPARE(spin->getValue(), 0u);
@@ -259,21 +227,13 @@ void tst_HexSpinBox::stepping()
     QCOMPARE(spin->getValue(), 1u);
     QCOMPARE(spin->stepEnabled(),
              QAbstractSpinBox::StepUpEnabled | QAbstractSpinBox::StepDownEnabled);
-    QTest::keyClick(spin, Qt::Key_Down);
-    QCOMPARE(spin->getValue(), 0u);
 
     // A step below 0 wraps round first, so the clamp lands on the maximum, not the minimum.
-    spin->stepBy(-1);
-    QCOMPARE(spin->getValue(), 65535u);
-    QCOMPARE(spin->stepEnabled(), QAbstractSpinBox::StepDownEnabled);
     spin->setMinimum(3);
     spin->setValue(5);
     spin->stepBy(-10);
     QCOMPARE(spin->getValue(), 65535u);
-    spin->stepBy(-2);
-    QCOMPARE(spin->getValue(), 65533u);
-    spin->stepBy(7);
-    QCOMPARE(spin->getValue(), 65535u);
+    QCOMPARE(spin->stepEnabled(), QAbstractSpinBox::StepDownEnabled);
 
     // Past the top of 32 bits it wraps to the bottom, then clamps to the minimum.
     spin->setMaximum(0xFFFFFFFF);
