@@ -85,19 +85,15 @@ QUuid place(QString const &type, QUuid const &parent, QRect const &rect, QString
     return id;
 }
 
-// The entry names that "unzip -l" lists for an archive, sorted.
+// The entry names that an independent reader lists for an archive, sorted.
 QStringList unzipListing(QString const &path)
 {
     QProcess unzip;
-    unzip.start("unzip", {"-l", path});
+    unzip.start("unzip", {"-Z1", path});
     if (!unzip.waitForFinished(60000) || unzip.exitCode() != 0)
         return {"unzip failed: " + QString::fromLocal8Bit(unzip.readAllStandardError())};
-    QStringList names;
-    for (QString const &line : QString::fromLocal8Bit(unzip.readAllStandardOutput()).split('\n')) {
-        QStringList const fields = line.simplified().split(' '); // length, date, time, name
-        if (fields.size() == 4 && fields.at(0).toLongLong() > 0)
-            names.append(fields.at(3));
-    }
+    QStringList names
+        = QString::fromLocal8Bit(unzip.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
     names.sort();
     return names;
 }

@@ -40,9 +40,10 @@ QByteArray readFile(QString const &path)
 
 // Runs a command in the working directory; answers its standard output, or a marker on
 // failure so that comparisons fail loudly.
-QString run(QString const &program, QStringList const &arguments)
+QString run(QString const &program, QStringList const &arguments, QString const &folder = ".")
 {
     QProcess process;
+    process.setWorkingDirectory(folder);
     process.start(program, arguments);
     if (!process.waitForFinished(60000) || process.exitCode() != 0)
         return "FAILED: " + program + ' ' + arguments.join(' ') + '\n'
@@ -145,6 +146,7 @@ void tst_DataState::namesAndLookups()
 void tst_DataState::zipRoundTrip()
 {
     QByteArray const binary = binaryBytes();
+    QStringList const names{"empty.txt", "screens/s1/screen.json", "state.json", "version.json"};
     {
         DataState state;
         state.setFileData("version.json", "{\"major\": 1}");
@@ -163,8 +165,7 @@ void tst_DataState::zipRoundTrip()
 
     // An independent reader agrees.
     QString const listing = run("unzip", {"-Z1", "project.zip"});
-    QCOMPARE(listing.split('\n', Qt::SkipEmptyParts),
-             QStringList({"empty.txt", "screens/s1/screen.json", "state.json", "version.json"}));
+    QCOMPARE(listing.split('\n', Qt::SkipEmptyParts), names);
     QVERIFY(run("unzip", {"-tq", "project.zip"}).contains("No errors detected"));
 
     // Deflated at level 6 as libzip sees it.
@@ -179,16 +180,14 @@ void tst_DataState::zipRoundTrip()
 
     DataState loaded;
     QVERIFY(loaded.read("project.zip"));
-    QCOMPARE(loaded.fileNames(),
-             QStringList({"empty.txt", "screens/s1/screen.json", "state.json", "version.json"}));
+    QCOMPARE(loaded.fileNames(), names);
     QCOMPARE(loaded.getFileData("screens/s1/screen.json"), binary);
     QCOMPARE(loaded.getFileData("version.json"), QByteArray("{\"major\": 1}"));
     QVERIFY(loaded.getFileData("empty.txt").isEmpty());
 
     // A second read replaces the content (and frees what the first one held); names only.
     QVERIFY(loaded.readNoData("project.zip"));
-    QCOMPARE(loaded.fileNames(),
-             QStringList({"empty.txt", "screens/s1/screen.json", "state.json", "version.json"}));
+    QCOMPARE(loaded.fileNames(), names);
     QVERIFY(loaded.getFileData("state.json").isNull());
 
     // Writing over an existing archive replaces it.
@@ -207,18 +206,14 @@ void tst_DataState::archivesOfOtherWriters()
     writeFile("tree/screens/s1/screen.json", binaryBytes());
 
     // Stored without compression, with directory entries: directories are skipped.
-    QDir::setCurrent("tree");
-    QVERIFY(!run("zip", {"-q", "-0", "-r", "../stored.zip", "."}).startsWith("FAILED"));
-    QDir::setCurrent("..");
+    QVERIFY(!run("zip", {"-q", "-0", "-r", "../stored.zip", "."}, "tree").startsWith("FAILED"));
     DataState stored;
     QVERIFY(stored.read("stored.zip"));
     QCOMPARE(stored.fileNames(), QStringList({"screens/s1/screen.json", "state.json"}));
     QCOMPARE(stored.getFileData("screens/s1/screen.json"), binaryBytes());
 
     // Only directories: an empty state, and a success.
-    QDir::setCurrent("tree");
-    QVERIFY(!run("zip", {"-q", "-r", "../dirs.zip", "empty"}).startsWith("FAILED"));
-    QDir::setCurrent("..");
+    QVERIFY(!run("zip", {"-q", "-r", "../dirs.zip", "empty"}, "tree").startsWith("FAILED"));
     DataState dirs;
     dirs.setFileData("old", "x");
     QVERIFY(dirs.read("dirs.zip"));
