@@ -85,54 +85,51 @@ void dropLeftovers()
 class Started
 {
 public:
-    Started() { core.initialize({}); }
+    Started()
+    {
+        printed = captureStdout([this] { core.initialize({}); });
+    }
     ~Started()
     {
         core.destroy();
         dropLeftovers();
     }
     Core core;
+    QString printed;
 };
 
-// Answers the plug-in dialog when it comes up during a start: selects the row with the given
-// title and clicks Ok, or closes the dialog when there is no title to choose. Notes the titles
-// offered; `offered` stays empty when no dialog came.
+// Answers the plug-in dialog when it comes up during a start: clicks the row with the given
+// title, then Ok; closes the dialog when there is no title. `offered`: the titles, sorted.
 class PluginChooser : public QObject
 {
 public:
-    explicit PluginChooser(QString title = QString()) : _title(std::move(title))
+    explicit PluginChooser(QString title = QString())
     {
-        connect(&_timer, &QTimer::timeout, this, &PluginChooser::_poll);
+        connect(&_timer, &QTimer::timeout, this, [this, title] {
+            auto *dialog = qobject_cast<PluginDialog *>(QApplication::activeModalWidget());
+            if (!dialog || shown)
+                return;
+            shown = true;
+            auto *list = dialog->findChild<QListWidget *>();
+            for (int row = 0; row < list->count(); ++row)
+                offered.append(list->item(row)->text());
+            offered.sort();
+            if (title.isEmpty()) {
+                dialog->close();
+                return;
+            }
+            if (QListWidgetItem *item = list->findItems(title, Qt::MatchExactly).value(0))
+                QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
+                                  list->visualItemRect(item).center());
+            QTest::mouseClick(dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok),
+                              Qt::LeftButton);
+        });
         _timer.start(10);
     }
     QStringList offered;
     bool shown = false;
 
 private:
-    void _poll()
-    {
-        auto *dialog = qobject_cast<PluginDialog *>(QApplication::activeModalWidget());
-        if (!dialog || shown)
-            return;
-        shown = true;
-        auto *list = dialog->findChild<QListWidget *>();
-        for (int row = 0; row < list->count(); ++row)
-            offered.append(list->item(row)->text());
-        offered.sort();
-        if (_title.isEmpty()) {
-            dialog->close();
-            return;
-        }
-        QListWidgetItem *item = list->findItems(_title, Qt::MatchExactly).value(0);
-        if (item) {
-            QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
-                              list->visualItemRect(item).center());
-        }
-        QTest::mouseClick(dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok),
-                          Qt::LeftButton);
-    }
-
-    QString _title;
     QTimer _timer;
 };
 
@@ -164,8 +161,7 @@ private slots:
     void windowStateAcrossRuns();
     void newDesignAsks();
     void resetBlanksTheBus();
-    void cleanProjectIsNotOfferedForSaving();
-    void saveAsProposesAFile();
+    void prompts();
     void onePluginIsTakenSilently();
     void unusablePluginsAreSkipped();
     void twoPluginsAskTheUser();
@@ -180,7 +176,7 @@ void tst_Core::init()
 
 void tst_Core::startAndStop()
 {
-    QString const base = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    QString const base = configBase();
     QVERIFY(base.startsWith(QDir::currentPath())); // the test runner points it here
     QDir(base + "/.tes").removeRecursively();
     QFile::remove("tessera.log");
@@ -189,31 +185,24 @@ void tst_Core::startAndStop()
     QCOMPARE(Core::_instance, &core);
     Listener listener;
     core.setListener(&listener);
-    QCOMPARE(core.getListener(), &listener);
-
     CommandLineParser::ArgumentMap args;
     args.emplace("level", "3");
-
     bool started = false;
     PluginChooser chooser;
     QString const printed = captureStdout([&] { started = core.initialize(args); });
     QVERIFY(started);
+    // No plug-ins: no dialog, and the user's data lies in ".tes" itself.
     QVERIFY(!chooser.shown);
     QVERIFY(!PluginManager::i().pluginIsLoaded());
     // Qt may add its own warnings to the same stream.
     QVERIFY2(printed.startsWith(QString("Creating TES directory at %1/.tes\n").arg(base)),
              qPrintable(printed));
-    QVERIFY(QDir(base + "/.tes").exists());
     QCOMPARE(Core::pluginDataDirectory(), QDir(base + "/.tes").canonicalPath());
     QCOMPARE(core.commandLineArgs(), args);
     QCOMPARE(listener.calls, QStringList({"initialized"}));
     QVERIFY(listener.busOnAtInit);
-    QVERIFY(EventBus::ip());
-    QVERIFY(Log::ip());
     TesseraWindow *window = TesseraWindow::ip();
-    QVERIFY(window);
-    QVERIFY(window->isVisible());
-    QVERIFY(!window->parent());
+    QVERIFY(window && window->isVisible() && !window->parent());
 
     core.destroy();
     QCOMPARE(listener.calls, QStringList({"initialized", "destroying"}));
@@ -228,16 +217,7 @@ void tst_Core::startAndStop()
     QVERIFY(QFile::exists(base + "/.tes/mainwindow.state"));
     QVERIFY(QFile::exists(base + "/.tes/mainwindow.geom"));
     dropLeftovers();
-
     QCOMPARE(logLines(), QStringList({"[Core]<Info> : Initialization complete."}));
-
-    // A second start finds the directory and says nothing about it.
-    Core::_instance = nullptr;
-    Core again;
-    QString const second = captureStdout([&] { again.initialize({}); });
-    QVERIFY2(!second.contains("Creating"), qPrintable(second));
-    again.destroy();
-    dropLeftovers();
 }
 
 void tst_Core::windowStateAcrossRuns()
@@ -248,8 +228,9 @@ void tst_Core::windowStateAcrossRuns()
         window.addDockWidget(Qt::TopDockWidgetArea, window.consoleDock());
         window.addDockWidget(Qt::LeftDockWidgetArea, window.propertyEditorDock());
     }
-    // The next run comes up as the last one ended.
+    // The next run comes up as the last one ended, and says nothing of the directory it finds.
     Started second;
+    QVERIFY2(!second.printed.contains("Creating"), qPrintable(second.printed));
     TesseraWindow &window = TesseraWindow::i();
     QCOMPARE(window.dockWidgetArea(window.consoleDock()), Qt::TopDockWidgetArea);
     QCOMPARE(window.dockWidgetArea(window.propertyEditorDock()), Qt::LeftDockWidgetArea);
@@ -262,16 +243,14 @@ void tst_Core::newDesignAsks()
 {
     Started started;
     RecordingHandler recorder(EVM_PROJECT);
-
     // A clean project: only the one question.
     ModalAnswerer refuse({"No"});
     QVERIFY(started.core.newDesign());
-    QCOMPARE(refuse.seen, QStringList({"Create New Design | Create New Design? | "}));
     QVERIFY(recorder.events.isEmpty());
-
     ModalAnswerer accept({"Yes"});
     QVERIFY(started.core.newDesign());
-    QCOMPARE(accept.seen, QStringList({"Create New Design | Create New Design? | "}));
+    QString const prompt = "Create New Design | Create New Design? | ";
+    QCOMPARE(refuse.seen + accept.seen, QStringList({prompt, prompt}));
     // The reset's blank, then the data manager's fresh design, then the news.
     QCOMPARE(recorder.types(),
              QList<unsigned long long>(
@@ -293,39 +272,33 @@ void tst_Core::resetBlanksTheBus()
     EventBus::i().raiseEvent(QSharedPointer<Event>::create(EVT_PROJECT_STATE, EVM_PROJECT));
 
     started.core.reset();
-    // The queued event is dropped with the project, and so is the handler that doesn't last.
-    // The scene is emptied while the bus is off, so nobody hears of it.
-    QList<unsigned long long> const blank{EVT_PROJECT_PREBLANK, EVT_PROJECT_REQUEST_BLANK,
-                                          EVT_PROJECT_POSTBLANK};
-    QCOMPARE(persistent.types(), blank);
+    // The queued event goes with the project, and so does the handler that doesn't last; the
+    // scene and the selection are emptied while the bus is off, so nobody hears of it.
+    QCOMPARE(persistent.types(),
+             QList<unsigned long long>(
+                 {EVT_PROJECT_PREBLANK, EVT_PROJECT_REQUEST_BLANK, EVT_PROJECT_POSTBLANK}));
     QVERIFY(passing.events.isEmpty());
     QVERIFY(EventBus::i().getEventsEnabled());
     QCOMPARE(SceneManager::i().screenCount(), 0u);
     QVERIFY(SceneManager::i().getActiveScreen().isNull());
     QVERIFY(SceneManager::i().visibleScreens().isEmpty());
     QVERIFY(SceneManager::i().getObject(item).isNull());
-    // The blank request empties the selection without a word.
     QCOMPARE(SelectionManager::i().selectedCount(), 0u);
 }
 
-void tst_Core::cleanProjectIsNotOfferedForSaving()
+void tst_Core::prompts()
 {
     Started started;
-    ModalAnswerer answers({"Yes"});
+    // A clean project is not offered for saving.
+    ModalAnswerer yes({"Yes"});
     QCOMPARE(started.core.promptForSave(), int(QMessageBox::NoRole));
-    QVERIFY(answers.seen.isEmpty());
-}
+    QVERIFY(yes.seen.isEmpty());
 
-void tst_Core::saveAsProposesAFile()
-{
-    Started started;
     QString const proposal = QDir::current().absoluteFilePath("MyProject.zip");
-
     ModalAnswerer cancel({"Cancel"});
     QCOMPARE(started.core.promptForSaveAs(), QString());
     QCOMPARE(cancel.seen,
              QStringList({"Save Project As | " + proposal + " | Tessera Project Files (*.zip)"}));
-
     ModalAnswerer save({"Save"});
     QCOMPARE(started.core.promptForSaveAs(), proposal);
     QCOMPARE(save.seen.size(), 1);
@@ -336,43 +309,30 @@ void tst_Core::onePluginIsTakenSilently()
     QString const path = FixturePlugins::install("complete", "complete");
     QString const directory = configBase() + "/.tes/complete";
     QDir(directory).removeRecursively();
-
-    Core core;
-    PluginChooser chooser;
-    bool started = false;
-    QString const printed = captureStdout([&] { started = core.initialize({}); });
-    QVERIFY(started);
-    QVERIFY(!chooser.shown);
-    QVERIFY2(printed.contains(QString("Creating plugin directory at %1\n").arg(directory)),
-             qPrintable(printed));
-    QVERIFY(QDir(directory).exists());
-    QCOMPARE(Core::pluginDataDirectory(), QDir(directory).canonicalPath());
-    QVERIFY(PluginManager::i().pluginIsLoaded());
-    QCOMPARE(PluginManager::i().currentPlugin().path, path);
-    // The plug-in ran before start-up ended, and joined in through the lifecycle listener.
-    QCOMPARE(FixturePlugins::calls().mid(2),
-             QStringList({"complete getInterface", "complete initialize " + path,
-                          "complete coreInitialized"}));
-
-    core.destroy();
+    {
+        PluginChooser chooser;
+        Started started;
+        QVERIFY(!chooser.shown);
+        QVERIFY2(started.printed.contains("Creating plugin directory at " + directory + "\n"),
+                 qPrintable(started.printed));
+        QCOMPARE(Core::pluginDataDirectory(), QDir(directory).canonicalPath());
+        QCOMPARE(PluginManager::i().currentPlugin().path, path);
+        // The plug-in ran before start-up ended, and joined in through the lifecycle listener.
+        QCOMPARE(FixturePlugins::calls().mid(2),
+                 QStringList({"complete getInterface", "complete initialize " + path,
+                              "complete coreInitialized"}));
+    }
     QCOMPARE(FixturePlugins::calls().mid(5),
              QStringList({"complete coreDestroying", "complete shutdown"}));
-    QVERIFY(!PluginManager::i().pluginIsLoaded());
-    QVERIFY(!core.getListener());
     // The user's settings and the window's arrangement belong to the plug-in.
     QVERIFY(QFile::exists(directory + "/user_config.json"));
     QVERIFY(QFile::exists(directory + "/mainwindow.state"));
-    dropLeftovers();
-    // The log file is complete once the Log is gone.
     QVERIFY(logLines().contains("[Plugin]<Info> : Initializing Plugin \"complete\" v1.2.3..."));
 
     // The next start finds the directory and says nothing.
-    Core again;
-    QString const second = captureStdout([&] { again.initialize({}); });
-    QVERIFY2(!second.contains("Creating plugin directory"), qPrintable(second));
+    Started again;
+    QVERIFY2(!again.printed.contains("Creating plugin directory"), qPrintable(again.printed));
     QVERIFY(PluginManager::i().pluginIsLoaded());
-    again.destroy();
-    dropLeftovers();
 }
 
 void tst_Core::unusablePluginsAreSkipped()
@@ -381,37 +341,27 @@ void tst_Core::unusablePluginsAreSkipped()
     FixturePlugins::install("refusing", "refusing");
     QString const failing = FixturePlugins::install("failing", "failing");
     FixturePlugins::install("complete", QString()); // not in a sub-directory: never seen
-
-    Core core;
     PluginChooser chooser;
-    bool started = false;
-    QString const printed = captureStdout([&] { started = core.initialize({}); });
-    QVERIFY(started);
+    Started started;
     QVERIFY(!chooser.shown);
     QVERIFY(FixturePlugins::calls().contains("failing initialize " + failing));
     QVERIFY(!PluginManager::i().pluginIsLoaded());
-    QVERIFY2(!printed.contains("plugin directory"), qPrintable(printed));
+    QVERIFY2(!started.printed.contains("plugin directory"), qPrintable(started.printed));
     QCOMPARE(Core::pluginDataDirectory(), QDir(configBase() + "/.tes").canonicalPath());
     QVERIFY(TesseraWindow::i().isVisible());
-    core.destroy();
-    dropLeftovers();
 }
 
 void tst_Core::twoPluginsAskTheUser()
 {
     FixturePlugins::install("noinfo", "noinfo");
     QString const complete = FixturePlugins::install("complete", "complete");
-
-    Core core;
     PluginChooser chooser("complete fixture");
-    QVERIFY(core.initialize({}));
+    Started started;
     // The plug-in without a GetInfo is offered under an empty title.
     QCOMPARE(chooser.offered, QStringList({"", "complete fixture"}));
     QCOMPARE(PluginManager::i().currentPlugin().path, complete);
     QCOMPARE(Core::pluginDataDirectory(), QDir(configBase() + "/.tes/complete").canonicalPath());
     QVERIFY(FixturePlugins::calls().filter("noinfo initialize").isEmpty());
-    core.destroy();
-    dropLeftovers();
 }
 
 void tst_Core::refusedChoiceEndsTheStart()

@@ -19,21 +19,15 @@ QTextEdit *textOf(ConsoleWindow &console)
     return console.findChild<QTextEdit *>();
 }
 
-QStringList linesOf(ConsoleWindow &console)
-{
-    return textOf(console)->toPlainText().split('\n');
-}
-
 // The lines without their "(hh:mm:ss)" stamps.
 QStringList unstamped(ConsoleWindow &console)
 {
-    QStringList lines = linesOf(console);
+    QStringList lines = textOf(console)->toPlainText().split('\n');
     for (QString &line : lines)
         line = line.mid(10);
     return lines;
 }
 
-// Whether the newest line is in view.
 bool lastLineShown(ConsoleWindow &console)
 {
     QTextEdit *edit = textOf(console);
@@ -51,11 +45,8 @@ private slots:
     void cleanup();
 
     void showsBacklogThenEveryLine();
-    void lineFormat_data();
     void lineFormat();
-    void writeLineTrims();
     void followsOnlyFromTheBottom();
-    void clearButton();
 };
 
 void tst_ConsoleWindow::init()
@@ -76,16 +67,27 @@ void tst_ConsoleWindow::showsBacklogThenEveryLine()
     Log::i().writeMessage("second", "Data", LogSeverity::Warning, LogLevel::User);
 
     auto console = std::make_unique<ConsoleWindow>();
-    QCOMPARE(ConsoleWindow::ip(), console.get());
+    console->show();
+    QVERIFY(QTest::qWaitForWindowExposed(console.get()));
     QCOMPARE(console->size(), QSize(400, 300));
     QCOMPARE(unstamped(*console), QStringList({" : first", "[Data]<Warning> : second"}));
-
-    // From now on straight through, without waiting for a flush.
-    Log::i().writeMessage("third", "Core", LogSeverity::Error, LogLevel::User);
-    QCOMPARE(unstamped(*console).last(), QString("[Core]<Error> : third"));
-    // What the log filters out never arrives.
+    // From now on straight through, without waiting for a flush; what the log filters out
+    // never arrives.
     Log::i().writeMessage("hidden", "Core", LogSeverity::Info, LogLevel::Debug);
-    QCOMPARE(linesOf(*console).size(), 3);
+    Log::i().writeMessage("third", "Core", LogSeverity::Error, LogLevel::User);
+    QCOMPARE(unstamped(*console).mid(2), QStringList({"[Core]<Error> : third"}));
+
+    // The clear button empties the view; the log keeps writing to it.
+    QToolBar *bar = console->findChild<QToolBar *>();
+    QCOMPARE(bar->actions().size(), 1);
+    QAction *clear = bar->actions().first();
+    QCOMPARE(clear->text(), QString());
+    QCOMPARE(clear->toolTip(), QString("Clear"));
+    QVERIFY(!clear->icon().isNull());
+    QTest::mouseClick(bar->widgetForAction(clear), Qt::LeftButton);
+    QCOMPARE(textOf(*console)->toPlainText(), QString());
+    Log::i().writeMessage("again", "Core", LogSeverity::Info, LogLevel::User);
+    QCOMPARE(unstamped(*console), QStringList({" : again"}));
 
     // Gone, the console is no longer told; the log goes on writing its file.
     console.reset();
@@ -93,47 +95,30 @@ void tst_ConsoleWindow::showsBacklogThenEveryLine()
     Log::i().writeMessage("after", "Core", LogSeverity::Info, LogLevel::User);
 }
 
-void tst_ConsoleWindow::lineFormat_data()
-{
-    QTest::addColumn<int>("severity");
-    QTest::addColumn<int>("level");
-    QTest::addColumn<QString>("line");
-
-    QTest::newRow("plain") << 0 << 0 << "(10:02:33) : Ready.";
-    // Only Info for the User is plain; the rest names source and severity.
-    QTest::newRow("info debug") << 0 << 1 << "(10:02:33)[Core]<Info> : Ready.";
-    QTest::newRow("info all") << 0 << 2 << "(10:02:33)[Core]<Info> : Ready.";
-    QTest::newRow("warning") << 1 << 0 << "(10:02:33)[Core]<Warning> : Ready.";
-    QTest::newRow("error") << 2 << 1 << "(10:02:33)[Core]<Error> : Ready.";
-    QTest::newRow("unknown severity") << 3 << 0 << "(10:02:33)[Core]<> : Ready.";
-}
-
 void tst_ConsoleWindow::lineFormat()
 {
-    QFETCH(int, severity);
-    QFETCH(int, level);
-    QFETCH(QString, line);
-
     ConsoleWindow console;
     textOf(console)->clear();
-    LogMessage message;
-    message.message = "Ready.";
-    message.source = "Core";
-    message.timestamp = "(10:02:33)";
-    message.severity = static_cast<LogSeverity>(severity);
-    message.level = static_cast<LogLevel>(level);
-    console.logMessageWritten(message);
-    QCOMPARE(textOf(console)->toPlainText(), line);
-}
-
-void tst_ConsoleWindow::writeLineTrims()
-{
-    ConsoleWindow console;
-    textOf(console)->clear();
+    // Only Info for the User is plain; the rest names source and severity.
+    QList<QPair<LogSeverity, LogLevel>> const kinds{{LogSeverity::Info, LogLevel::User},
+                                                    {LogSeverity::Info, LogLevel::Debug},
+                                                    {LogSeverity::Warning, LogLevel::User},
+                                                    {static_cast<LogSeverity>(3), LogLevel::User}};
+    for (auto const &kind : kinds) {
+        LogMessage message;
+        message.message = "Ready.";
+        message.source = "Core";
+        message.timestamp = "(10:02:33)";
+        message.severity = kind.first;
+        message.level = kind.second;
+        console.logMessageWritten(message);
+    }
     console.writeLine("  one \t");
     console.writeLine("   "); // an empty line, not nothing
-    console.writeLine("two");
-    QCOMPARE(linesOf(console), QStringList({"one", "", "two"}));
+    QCOMPARE(textOf(console)->toPlainText().split('\n'),
+             QStringList({"(10:02:33) : Ready.", "(10:02:33)[Core]<Info> : Ready.",
+                          "(10:02:33)[Core]<Warning> : Ready.", "(10:02:33)[Core]<> : Ready.",
+                          "one", ""}));
     QVERIFY(textOf(console)->isReadOnly());
 }
 
@@ -143,7 +128,6 @@ void tst_ConsoleWindow::followsOnlyFromTheBottom()
     console.show();
     QVERIFY(QTest::qWaitForWindowExposed(&console));
     QScrollBar *bar = textOf(console)->verticalScrollBar();
-
     for (int i = 0; i < 100; ++i)
         console.writeLine(QString("line %1").arg(i));
     QVERIFY(bar->maximum() > 50);
@@ -155,39 +139,16 @@ void tst_ConsoleWindow::followsOnlyFromTheBottom()
     QCOMPARE(bar->value(), 10);
     QVERIFY(!lastLineShown(console));
 
-    // Within 4 of the bottom counts as the bottom.
+    // Within 4 of the bottom counts as the bottom; 5 does not.
     bar->setValue(bar->maximum() - 4);
-    int maximum = bar->maximum();
+    int const maximum = bar->maximum();
     console.writeLine("more");
     QVERIFY(bar->maximum() > maximum);
     QVERIFY(lastLineShown(console));
-
     bar->setValue(bar->maximum() - 5);
     int const kept = bar->value();
     console.writeLine("more");
     QCOMPARE(bar->value(), kept);
-}
-
-void tst_ConsoleWindow::clearButton()
-{
-    ConsoleWindow console;
-    console.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&console));
-    console.writeLine("something");
-
-    QToolBar *bar = console.findChild<QToolBar *>();
-    QVERIFY(bar);
-    QCOMPARE(bar->actions().size(), 1);
-    QAction *clear = bar->actions().first();
-    QCOMPARE(clear->text(), QString());
-    QCOMPARE(clear->toolTip(), QString("Clear"));
-    QVERIFY(!clear->icon().isNull());
-
-    QTest::mouseClick(bar->widgetForAction(clear), Qt::LeftButton);
-    QCOMPARE(textOf(console)->toPlainText(), QString());
-    // The log keeps writing to the emptied console.
-    Log::i().writeMessage("again", "Core", LogSeverity::Info, LogLevel::User);
-    QCOMPARE(unstamped(console), QStringList({" : again"}));
 }
 
 QTEST_MAIN(tst_ConsoleWindow)

@@ -18,15 +18,12 @@ private slots:
 void tst_ScreenManagerWindow::emptyFrameForAPlugin()
 {
     ScreenManagerWindow window(nullptr);
-    QCOMPARE(ScreenManagerWindow::ip(), &window);
-
     auto *outer = qobject_cast<QVBoxLayout *>(window.layout());
     QVERIFY(outer);
     QCOMPARE(outer->contentsMargins(), QMargins());
     QCOMPARE(outer->menuBar(), window.toolBar());
     QCOMPARE(outer->count(), 1);
     QCOMPARE(outer->itemAt(0)->widget(), window.container());
-
     // The host leaves both empty.
     QVERIFY(window.toolBar()->actions().isEmpty());
     auto *inner = qobject_cast<QVBoxLayout *>(window.container()->layout());
@@ -34,7 +31,6 @@ void tst_ScreenManagerWindow::emptyFrameForAPlugin()
     QCOMPARE(inner->count(), 0);
     QCOMPARE(inner->contentsMargins(), QMargins());
     QCOMPARE(inner->spacing(), 0);
-
     // What a plug-in puts in shows below the tool bar.
     window.toolBar()->addAction("Add Screen");
     auto *list = new QLabel("screens");
