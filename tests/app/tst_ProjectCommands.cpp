@@ -9,6 +9,7 @@
 #include "services/GlobalState.h"
 #include "services/Log.h"
 #include "services/PluginManager.h"
+#include "support/ExitLoop.h"
 #include "support/FixturePlugins.h"
 #include "support/LogRecorder.h"
 #include "support/ModalAnswerer.h"
@@ -26,6 +27,7 @@
 #include <functional>
 
 using namespace TES;
+using TES::Test::ExitLoop;
 using TES::Test::FixturePlugins;
 using TES::Test::LogRecorder;
 using TES::Test::ModalAnswerer;
@@ -115,18 +117,6 @@ QStringList titles(QStringList const &seen)
 QStringList dataCalls()
 {
     return FixturePlugins::calls().filter(QRegularExpression("^scene (check|pre|post)"));
-}
-
-// Runs the event loop with `start` as its first task: an exit outside a running loop would end
-// the next dialog at once.
-int runUntilExit(std::function<void()> start)
-{
-    QTimer::singleShot(0, qApp, std::move(start));
-    QTimer guard; // a hung run fails instead of blocking the suite
-    guard.setSingleShot(true);
-    QObject::connect(&guard, &QTimer::timeout, [] { QCoreApplication::exit(-1); });
-    guard.start(60000);
-    return QCoreApplication::exec();
 }
 
 } // namespace
@@ -390,7 +380,7 @@ void tst_ProjectCommands::closeCommand()
     // No to the save, Yes to the exit: nothing written, and the exit ends the event loop.
     ModalAnswerer answers({"No", "Yes"});
     bool closed = false;
-    QCOMPARE(runUntilExit([&] { closed = _core->close(); }), 0);
+    QCOMPARE(ExitLoop::Run([&] { closed = _core->close(); }), 0);
     QVERIFY(closed);
     QCOMPARE(answers.seen, QStringList({SavePrompt, ExitPrompt}));
     QVERIFY(_log->lines().contains("Tessera|Shutting down..."));

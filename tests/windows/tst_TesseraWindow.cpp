@@ -4,6 +4,7 @@
 #include "events/GlobalStateDirtyChangedEvent.h"
 #include "services/GlobalState.h"
 #include "services/Log.h"
+#include "support/ExitLoop.h"
 #include "support/ModalAnswerer.h"
 #include "support/RecordingHandler.h"
 #include "windows/ConsoleWindow.h"
@@ -23,6 +24,7 @@
 #include <memory>
 
 using namespace TES;
+using TES::Test::ExitLoop;
 using TES::Test::ModalAnswerer;
 using TES::Test::RecordingHandler;
 using Types = QList<unsigned long long>;
@@ -59,18 +61,6 @@ void clickMenuEntry(TesseraWindow &window, QMenu *menu, QString const &text)
     QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(menu->menuAction()).center());
     QTRY_VERIFY(menu->isVisible());
     QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(entry).center());
-}
-
-// Runs the event loop with `start` as its first task: an exit outside a running loop would end
-// the next dialog at once.
-int runUntilExit(std::function<void()> start)
-{
-    QTimer::singleShot(0, qApp, std::move(start));
-    QTimer guard; // a hung run fails instead of blocking the suite
-    guard.setSingleShot(true);
-    QObject::connect(&guard, &QTimer::timeout, [] { QCoreApplication::exit(-1); });
-    guard.start(60000);
-    return QCoreApplication::exec();
 }
 
 QStringList consoleLines()
@@ -372,7 +362,7 @@ void tst_TesseraWindow::closeButton()
     ModalAnswerer answers({"Yes"});
     bool closed = true;
     // The run ends through Core, whose exit ends the event loop.
-    QCOMPARE(runUntilExit([&] { closed = window.close(); }), 0);
+    QCOMPARE(ExitLoop::Run([&] { closed = window.close(); }), 0);
     QCOMPARE(answers.seen, QStringList({"Confirm Exit | Exit Tessera? | "}));
     QVERIFY(!closed); // the close event itself is never accepted
     QVERIFY(!window.isVisible());
