@@ -1,6 +1,4 @@
 #include "events/EventBus.h"
-#include "properties/AbstractBooleanProperty.h"
-#include "properties/Property.h"
 #include "scene/Object.h"
 #include "scene/SceneManager.h"
 #include "scene/TransformSceneObject.h"
@@ -79,10 +77,6 @@ void tst_Object::freshObjectsAndTags()
     QCOMPARE(TestLeaf().type(), QString("Object:TestLeaf:TransformSceneObject"));
 
     TestLeaf leaf;
-    for (QString const id : {"editorLocked", "editorHidden", "editorExpanded"}) {
-        QCOMPARE(leaf.model()->property(id)->type(), AbstractBooleanProperty::Type());
-        QCOMPARE(leaf.model()->findOwner(id).type, PropertyOwnerType::OwnerNone);
-    }
     QCOMPARE(leaf.model()->getValue("editorLocked"), QVariant(false));
     QCOMPARE(leaf.model()->getValue("editorHidden"), QVariant(false));
     QCOMPARE(leaf.model()->getValue("editorExpanded"), QVariant(true));

@@ -132,12 +132,10 @@ QUuid tst_SelectionManager::_id(QString const &label)
 {
     if (label == "0")
         return QUuid();
-    if (!_byLabel.contains(label)) {
-        QUuid const id = QUuid::createUuid();
-        _byLabel.insert(label, id);
-        _byId.insert(id, label);
-    }
-    return _byLabel.value(label);
+    QUuid &id = _byLabel[label];
+    if (id.isNull())
+        _byId.insert(id = QUuid::createUuid(), label);
+    return id;
 }
 
 QList<QUuid> tst_SelectionManager::_ids(QString const &labels)
