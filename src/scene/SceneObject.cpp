@@ -70,21 +70,8 @@ bool SceneObject::hasChild(QUuid const &id, bool recursive) const
 
 bool SceneObject::hasChildNamed(QString const &name, bool recursive) const
 {
-    QList<QUuid> const ids = children(false);
-    for (QUuid const &childId : ids) {
-        auto child = resolve(childId);
-        if (child && child->getName() == name)
-            return true;
-    }
-    if (!recursive)
-        return false;
-    for (QUuid const &childId : ids) {
-        if (auto child = resolve(childId)) {
-            if (child->hasChildNamed(name, recursive))
-                return true;
-        }
-    }
-    return false;
+    // The same walk as childWithName: direct children first, then each child's subtree.
+    return !childWithName(name, recursive).isNull();
 }
 
 QUuid SceneObject::childWithName(QString const &name, bool recursive) const
