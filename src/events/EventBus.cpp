@@ -65,6 +65,18 @@ void EventBus::removeHandler(IEventHandler *handler)
     _handlersToRemove.insert(handler);
 }
 
+void EventBus::Raise(QSharedPointer<Event> event)
+{
+    if (_instance)
+        _instance->raiseEvent(std::move(event));
+}
+
+void EventBus::RaiseNow(QSharedPointer<Event> event)
+{
+    if (_instance)
+        _instance->raiseEventNow(std::move(event));
+}
+
 void EventBus::raiseEvent(QSharedPointer<Event> event)
 {
     if (!_instance || !_eventsEnabled)

@@ -44,6 +44,9 @@ public:
     // Delivers the whole queue, this event last, before returning; from inside a delivery
     // it behaves as raiseEvent. Dropped while the bus is off.
     void raiseEventNow(QSharedPointer<Event> event);
+    // raiseEvent and raiseEventNow on the bus if there is one; nothing after destroy().
+    static void Raise(QSharedPointer<Event> event);
+    static void RaiseNow(QSharedPointer<Event> event);
 
     bool getEventsEnabled() const;
     void setEventsEnabled(bool on);
