@@ -1,6 +1,7 @@
 #include "properties/AbstractBooleanProperty.h"
 
 #include "properties/PropertyModel.h"
+#include "properties/PropertyViewMaker.h"
 
 namespace TES {
 
@@ -64,7 +65,7 @@ QString AbstractBooleanProperty::toolTip() const
 
 PropertyViewNameCell *AbstractBooleanProperty::view()
 {
-    return nullptr;
+    return PropertyViewMaker::MakeCell(Type(), this);
 }
 
 bool AbstractBooleanProperty::getBool() const

@@ -27,7 +27,7 @@ public:
     void setDefault(QVariant const &value) override;
     QString type() const override;
     QString toolTip() const override;
-    // No name cell exists for the type yet: returns null.
+    // A new name cell of the type, owned by the caller.
     PropertyViewNameCell *view() override;
 
     bool getBool() const;

@@ -1,6 +1,7 @@
 #include "properties/AbstractComboProperty.h"
 
 #include "properties/PropertyModel.h"
+#include "properties/PropertyViewMaker.h"
 
 #include <iterator>
 
@@ -89,7 +90,7 @@ QString AbstractComboProperty::toolTip() const
 
 PropertyViewNameCell *AbstractComboProperty::view()
 {
-    return nullptr;
+    return PropertyViewMaker::MakeCell(Type(), this);
 }
 
 int AbstractComboProperty::getCurrentIndex() const

@@ -1,6 +1,7 @@
 #include "properties/AbstractFloatProperty.h"
 
 #include "properties/PropertyModel.h"
+#include "properties/PropertyViewMaker.h"
 
 #include <limits>
 
@@ -89,7 +90,7 @@ QString AbstractFloatProperty::toolTip() const
 
 PropertyViewNameCell *AbstractFloatProperty::view()
 {
-    return nullptr;
+    return PropertyViewMaker::MakeCell(Type(), this);
 }
 
 float AbstractFloatProperty::getFloat() const

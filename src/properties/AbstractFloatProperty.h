@@ -32,7 +32,7 @@ public:
     QString type() const override;
     // With a help text, ends in the separator that would precede it, without the text.
     QString toolTip() const override;
-    // No name cell exists for the type yet: returns null.
+    // A new name cell of the type, owned by the caller.
     PropertyViewNameCell *view() override;
 
     float getFloat() const;

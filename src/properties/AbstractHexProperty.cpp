@@ -1,6 +1,7 @@
 #include "properties/AbstractHexProperty.h"
 
 #include "properties/PropertyModel.h"
+#include "properties/PropertyViewMaker.h"
 
 #include <limits>
 
@@ -70,7 +71,7 @@ QString AbstractHexProperty::toolTip() const
 
 PropertyViewNameCell *AbstractHexProperty::view()
 {
-    return nullptr;
+    return PropertyViewMaker::MakeCell(Type(), this);
 }
 
 unsigned int AbstractHexProperty::getHex() const

@@ -28,7 +28,7 @@ public:
     QString type() const override;
     // The range shown always ends in 0xFFFFFFFF, whatever the maximum.
     QString toolTip() const override;
-    // No name cell exists for the type yet: returns null.
+    // A new name cell of the type, owned by the caller.
     PropertyViewNameCell *view() override;
 
     unsigned int getHex() const;

@@ -1,6 +1,7 @@
 #include "properties/AbstractIntegerProperty.h"
 
 #include "properties/PropertyModel.h"
+#include "properties/PropertyViewMaker.h"
 
 #include <limits>
 
@@ -72,7 +73,7 @@ QString AbstractIntegerProperty::toolTip() const
 
 PropertyViewNameCell *AbstractIntegerProperty::view()
 {
-    return nullptr;
+    return PropertyViewMaker::MakeCell(Type(), this);
 }
 
 int AbstractIntegerProperty::getInteger() const

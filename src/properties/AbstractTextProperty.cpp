@@ -1,6 +1,7 @@
 #include "properties/AbstractTextProperty.h"
 
 #include "properties/PropertyModel.h"
+#include "properties/PropertyViewMaker.h"
 
 namespace TES {
 
@@ -64,7 +65,7 @@ QString AbstractTextProperty::toolTip() const
 
 PropertyViewNameCell *AbstractTextProperty::view()
 {
-    return nullptr;
+    return PropertyViewMaker::MakeCell(Type(), this);
 }
 
 QString AbstractTextProperty::getString() const

@@ -1,6 +1,7 @@
 #include "properties/BooleanPropertyFactory.h"
 
 #include "properties/BooleanProperty.h"
+#include "properties/PropertyViewMaker.h"
 
 namespace TES {
 
@@ -15,9 +16,9 @@ Property *BooleanPropertyFactory::createProperty(PropertyModel *model, QString c
     return new BooleanProperty(model, id);
 }
 
-PropertyViewNameCell *BooleanPropertyFactory::createView(Property *) const
+PropertyViewNameCell *BooleanPropertyFactory::createView(Property *property) const
 {
-    return nullptr;
+    return PropertyViewMaker::MakeCell(type(), property);
 }
 
 } // namespace TES

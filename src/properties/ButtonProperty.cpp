@@ -1,6 +1,7 @@
 #include "properties/ButtonProperty.h"
 
 #include "properties/PropertyModel.h"
+#include "properties/PropertyViewMaker.h"
 
 namespace TES {
 
@@ -50,7 +51,7 @@ QString ButtonProperty::toolTip() const
 
 PropertyViewNameCell *ButtonProperty::view()
 {
-    return nullptr;
+    return PropertyViewMaker::MakeCell(Type(), this);
 }
 
 bool ButtonProperty::_setValue(QVariant const &value)

@@ -1,6 +1,7 @@
 #include "properties/ButtonPropertyFactory.h"
 
 #include "properties/ButtonProperty.h"
+#include "properties/PropertyViewMaker.h"
 
 namespace TES {
 
@@ -15,9 +16,9 @@ Property *ButtonPropertyFactory::createProperty(PropertyModel *model, QString co
     return new ButtonProperty(model, id);
 }
 
-PropertyViewNameCell *ButtonPropertyFactory::createView(Property *) const
+PropertyViewNameCell *ButtonPropertyFactory::createView(Property *property) const
 {
-    return nullptr;
+    return PropertyViewMaker::MakeCell(type(), property);
 }
 
 } // namespace TES

@@ -1,6 +1,7 @@
 #include "properties/ComboPropertyFactory.h"
 
 #include "properties/ComboProperty.h"
+#include "properties/PropertyViewMaker.h"
 
 namespace TES {
 
@@ -15,9 +16,9 @@ Property *ComboPropertyFactory::createProperty(PropertyModel *model, QString con
     return new ComboProperty(model, id);
 }
 
-PropertyViewNameCell *ComboPropertyFactory::createView(Property *) const
+PropertyViewNameCell *ComboPropertyFactory::createView(Property *property) const
 {
-    return nullptr;
+    return PropertyViewMaker::MakeCell(type(), property);
 }
 
 } // namespace TES

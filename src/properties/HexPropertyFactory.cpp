@@ -1,6 +1,7 @@
 #include "properties/HexPropertyFactory.h"
 
 #include "properties/HexProperty.h"
+#include "properties/PropertyViewMaker.h"
 
 namespace TES {
 
@@ -15,9 +16,9 @@ Property *HexPropertyFactory::createProperty(PropertyModel *model, QString const
     return new HexProperty(model, id);
 }
 
-PropertyViewNameCell *HexPropertyFactory::createView(Property *) const
+PropertyViewNameCell *HexPropertyFactory::createView(Property *property) const
 {
-    return nullptr;
+    return PropertyViewMaker::MakeCell(type(), property);
 }
 
 } // namespace TES

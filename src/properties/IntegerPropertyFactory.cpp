@@ -1,6 +1,7 @@
 #include "properties/IntegerPropertyFactory.h"
 
 #include "properties/IntegerProperty.h"
+#include "properties/PropertyViewMaker.h"
 
 namespace TES {
 
@@ -15,9 +16,9 @@ Property *IntegerPropertyFactory::createProperty(PropertyModel *model, QString c
     return new IntegerProperty(model, id);
 }
 
-PropertyViewNameCell *IntegerPropertyFactory::createView(Property *) const
+PropertyViewNameCell *IntegerPropertyFactory::createView(Property *property) const
 {
-    return nullptr;
+    return PropertyViewMaker::MakeCell(type(), property);
 }
 
 } // namespace TES

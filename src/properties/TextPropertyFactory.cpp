@@ -1,5 +1,6 @@
 #include "properties/TextPropertyFactory.h"
 
+#include "properties/PropertyViewMaker.h"
 #include "properties/TextProperty.h"
 
 namespace TES {
@@ -15,9 +16,9 @@ Property *TextPropertyFactory::createProperty(PropertyModel *model, QString cons
     return new TextProperty(model, id);
 }
 
-PropertyViewNameCell *TextPropertyFactory::createView(Property *) const
+PropertyViewNameCell *TextPropertyFactory::createView(Property *property) const
 {
-    return nullptr;
+    return PropertyViewMaker::MakeCell(type(), property);
 }
 
 } // namespace TES

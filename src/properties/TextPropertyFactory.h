@@ -13,7 +13,7 @@ public:
     // A new TextProperty; the parameters are not used.
     Property *createProperty(PropertyModel *model, QString const &id,
                              std::map<QString, QVariant> params) const override;
-    // No name cell exists for the type yet: returns null.
+    // A new name cell of the type, owned by the caller.
     PropertyViewNameCell *createView(Property *property) const override;
 };
 

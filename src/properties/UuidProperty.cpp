@@ -1,6 +1,7 @@
 #include "properties/UuidProperty.h"
 
 #include "properties/PropertyModel.h"
+#include "properties/PropertyViewMaker.h"
 
 namespace TES {
 
@@ -43,7 +44,7 @@ QString UuidProperty::toolTip() const
 
 PropertyViewNameCell *UuidProperty::view()
 {
-    return nullptr;
+    return PropertyViewMaker::MakeCell(Type(), this);
 }
 
 QUuid UuidProperty::getUuid() const

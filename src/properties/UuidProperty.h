@@ -22,7 +22,7 @@ public:
     QVariant getValue() const override;
     QString type() const override;
     QString toolTip() const override;
-    // No name cell exists for the type yet: returns null.
+    // A new name cell of the type, owned by the caller.
     PropertyViewNameCell *view() override;
 
     QUuid getUuid() const;

@@ -1,5 +1,6 @@
 #include "properties/UuidPropertyFactory.h"
 
+#include "properties/PropertyViewMaker.h"
 #include "properties/UuidProperty.h"
 
 namespace TES {
@@ -15,9 +16,9 @@ Property *UuidPropertyFactory::createProperty(PropertyModel *model, QString cons
     return new UuidProperty(model, id);
 }
 
-PropertyViewNameCell *UuidPropertyFactory::createView(Property *) const
+PropertyViewNameCell *UuidPropertyFactory::createView(Property *property) const
 {
-    return nullptr;
+    return PropertyViewMaker::MakeCell(type(), property);
 }
 
 } // namespace TES

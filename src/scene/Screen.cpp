@@ -5,6 +5,7 @@
 #include "properties/AbstractTextProperty.h"
 #include "properties/Property.h"
 #include "properties/PropertyCategory.h"
+#include "properties/PropertyViewMaker.h"
 #include "scene/SceneManager.h"
 #include "scene/SceneObject.h"
 #include "services/Utils.h"
@@ -35,6 +36,8 @@ Screen::Screen(QString const &name) : _nameValidator(this)
 
 Screen::~Screen()
 {
+    // The view listens to the model, which ends with the screen: it goes first.
+    PropertyViewMaker::DestroyView(_propertyView);
     _model.removeListener(this);
     if (EventBus::ip())
         EventBus::ip()->removeHandler(this);
@@ -212,7 +215,8 @@ void Screen::handleEvent(QSharedPointer<Event>) {}
 
 PropertyView *Screen::propertyView()
 {
-    // Made on first demand once property views exist; the screen will not delete it.
+    if (!_propertyView)
+        _propertyView = PropertyViewMaker::MakeView(&_model);
     return _propertyView;
 }
 

@@ -148,8 +148,8 @@ public:
     // Does nothing; a concrete screen overrides it to follow global values.
     void handleEvent(QSharedPointer<Event> event) override;
 
-    // The view over the screen's model for the object editor. Property views are not built
-    // yet: until they are, this answers null.
+    // The view over the screen's model for the object editor, made at the first call and kept
+    // until the screen ends.
     PropertyView *propertyView();
 
 private:
