@@ -1,5 +1,7 @@
 #include "support/TestLeaf.h"
 
+#include "properties/view/PropertyView.h"
+
 namespace TES::Test {
 
 TestLeaf::TestLeaf()
@@ -7,7 +9,11 @@ TestLeaf::TestLeaf()
     _types.insert(Type());
 }
 
-TestLeaf::~TestLeaf() = default;
+TestLeaf::~TestLeaf()
+{
+    // Before the model it listens to.
+    delete _view;
+}
 
 QString TestLeaf::Type()
 {
@@ -32,5 +38,12 @@ bool TestLeaf::addChild(QUuid const &, unsigned int)
 void TestLeaf::removeChild(QUuid const &) {}
 
 void TestLeaf::moveChild(QUuid const &, unsigned int) {}
+
+PropertyView *TestLeaf::propertyView()
+{
+    if (!_view)
+        _view = new PropertyView(model());
+    return _view;
+}
 
 } // namespace TES::Test
