@@ -1,7 +1,7 @@
 #include "scene/Screen.h"
 
 #include "events/EventBus.h"
-#include "events/ScreenRenamedEvent.h"
+#include "events/ScreenEvents.h"
 #include "properties/AbstractTextProperty.h"
 #include "properties/Property.h"
 #include "properties/PropertyCategory.h"

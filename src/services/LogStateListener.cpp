@@ -1,6 +1,6 @@
 #include "services/LogStateListener.h"
 
-#include "events/GlobalStateChangedEvent.h"
+#include "events/GlobalStateEvents.h"
 #include "services/Log.h"
 
 namespace TES {

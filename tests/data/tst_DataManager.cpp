@@ -5,7 +5,7 @@
 #include "data/IDataManagerInterface.h"
 #include "data/ProjectArchive.h"
 #include "events/EventBus.h"
-#include "events/GlobalStateDirtyChangedEvent.h"
+#include "events/GlobalStateEvents.h"
 #include "scene/SceneManager.h"
 #include "services/GlobalState.h"
 #include "services/Log.h"
