@@ -202,8 +202,7 @@ bool Core::newDesign()
     reset();
     if (dataManager())
         dataManager()->newDesign();
-    if (EventBus::ip())
-        EventBus::ip()->raiseEventNow(QSharedPointer<Event>::create(EVT_PROJECT_NEW, EVM_PROJECT));
+    EventBus::RaiseNow(QSharedPointer<Event>::create(EVT_PROJECT_NEW, EVM_PROJECT));
     return true;
 }
 

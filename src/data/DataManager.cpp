@@ -40,10 +40,8 @@ void logError(QString const &text)
 
 void raiseAll(std::initializer_list<unsigned long long> types, unsigned long long mask)
 {
-    for (unsigned long long type : types) {
-        if (EventBus::ip())
-            EventBus::ip()->raiseEventNow(QSharedPointer<Event>::create(type, mask));
-    }
+    for (unsigned long long type : types)
+        EventBus::RaiseNow(QSharedPointer<Event>::create(type, mask));
 }
 
 void raiseCurrentFileChanged()

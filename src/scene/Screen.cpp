@@ -191,10 +191,10 @@ void Screen::initializeNew() {}
 void Screen::propertyValueChanged(Property *property, QVariant const &oldValue, QVariant const &,
                                   PropertyChangeReason)
 {
-    if (!property || property->id() != "name" || !EventBus::ip())
+    if (!property || property->id() != "name")
         return;
     int const index = SceneManager::ip() ? SceneManager::ip()->screenIndex(id()) : -1;
-    EventBus::ip()->raiseEventNow(
+    EventBus::RaiseNow(
         QSharedPointer<ScreenRenamedEvent>::create(id(), index, oldValue.toString()));
 }
 

@@ -9,16 +9,6 @@
 
 namespace TES {
 
-namespace {
-
-void raise(QSharedPointer<Event> const &event)
-{
-    if (EventBus::ip())
-        EventBus::ip()->raiseEventNow(event);
-}
-
-} // namespace
-
 SelectionManager *SelectionManager::_instance = nullptr;
 
 SelectionManager::SelectionManager()
@@ -165,7 +155,7 @@ void SelectionManager::deselectAll()
 
 void SelectionManager::refresh()
 {
-    raise(QSharedPointer<SelectRefreshEvent>::create());
+    EventBus::RaiseNow(QSharedPointer<SelectRefreshEvent>::create());
 }
 
 bool SelectionManager::getsEventsEnabled() const
@@ -229,7 +219,7 @@ void SelectionManager::_operationEnd()
     if (_operationCount > 0 || (_added.isEmpty() && _removed.isEmpty()))
         return;
     // Cleared only after the handlers have run: a change made inside one re-raises these.
-    raise(QSharedPointer<SelectionChangedEvent>::create(_added, _removed));
+    EventBus::RaiseNow(QSharedPointer<SelectionChangedEvent>::create(_added, _removed));
     _added.clear();
     _removed.clear();
 }

@@ -26,12 +26,6 @@ namespace {
 
 QString const UserStateFileName = QStringLiteral("user_config.json");
 
-void raise(QSharedPointer<Event> const &event)
-{
-    if (EventBus::ip())
-        EventBus::ip()->raiseEventNow(event);
-}
-
 } // namespace
 
 GlobalState::GlobalState()
@@ -185,7 +179,7 @@ void GlobalState::setDirty(bool dirty)
     if (_dirty == dirty)
         return;
     _dirty = dirty;
-    raise(QSharedPointer<GlobalStateDirtyChangedEvent>::create(dirty));
+    EventBus::RaiseNow(QSharedPointer<GlobalStateDirtyChangedEvent>::create(dirty));
 }
 
 bool GlobalState::addDirtyEvent(unsigned long long type)
@@ -357,8 +351,8 @@ bool GlobalState::_set(GlobalPropertyType type, int id, QVariant const &value)
     QVariant const oldValue = property->getValue();
     if (!property->setValue(value, PropertyChangeReason::ReasonInternal))
         return false;
-    raise(QSharedPointer<GlobalStateChangedEvent>::create(type, static_cast<unsigned int>(id),
-                                                          oldValue, value));
+    EventBus::RaiseNow(QSharedPointer<GlobalStateChangedEvent>::create(
+        type, static_cast<unsigned int>(id), oldValue, value));
     return true;
 }
 

@@ -58,8 +58,7 @@ QString stateFilePath(QString const &name)
 
 void raiseGlobalStateEvent(unsigned long long type)
 {
-    if (EventBus::ip())
-        EventBus::ip()->raiseEventNow(QSharedPointer<Event>::create(type, EVM_GLOBALSTATE));
+    EventBus::RaiseNow(QSharedPointer<Event>::create(type, EVM_GLOBALSTATE));
 }
 
 QDockWidget *makeDock(QMainWindow *window, QString const &title, QString const &objectName,
