@@ -20,7 +20,8 @@
 
 namespace TES {
 
-DataManager *DataManager::_instance = nullptr;
+template<>
+DataManager *Singleton<DataManager>::_instance = nullptr;
 
 namespace {
 
@@ -84,21 +85,6 @@ DataManager::DataManager()
 DataManager::~DataManager()
 {
     _instance = nullptr;
-}
-
-DataManager &DataManager::i()
-{
-    return *_instance;
-}
-
-DataManager *DataManager::ip()
-{
-    return _instance;
-}
-
-void DataManager::destroy()
-{
-    delete _instance;
 }
 
 IDataManagerInterface *DataManager::getInterface() const

@@ -8,7 +8,8 @@
 
 namespace TES {
 
-EventBus *EventBus::_instance = nullptr;
+template<>
+EventBus *Singleton<EventBus>::_instance = nullptr;
 
 EventBus::EventBus()
 {
@@ -24,21 +25,6 @@ EventBus::~EventBus()
     if (Log::ip())
         Log::ip()->writeMessage("Destroying Event Bus", "Event", LogSeverity::Info,
                                 LogLevel::Debug);
-}
-
-EventBus &EventBus::i()
-{
-    return *_instance;
-}
-
-EventBus *EventBus::ip()
-{
-    return _instance;
-}
-
-void EventBus::destroy()
-{
-    delete _instance;
 }
 
 void EventBus::addHandler(IEventHandler *handler)

@@ -36,7 +36,8 @@ QString screenFile(QString const &id)
 
 } // namespace
 
-SceneManager *SceneManager::_instance = nullptr;
+template<>
+SceneManager *Singleton<SceneManager>::_instance = nullptr;
 
 SceneManager::SceneManager()
 {
@@ -61,21 +62,6 @@ SceneManager::~SceneManager()
     QVector<QSharedPointer<Screen>> screens;
     screens.swap(_screens);
     screens.clear();
-}
-
-SceneManager &SceneManager::i()
-{
-    return *_instance;
-}
-
-SceneManager *SceneManager::ip()
-{
-    return _instance;
-}
-
-void SceneManager::destroy()
-{
-    delete _instance;
 }
 
 unsigned int SceneManager::screenCount() const

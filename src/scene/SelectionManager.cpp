@@ -9,7 +9,8 @@
 
 namespace TES {
 
-SelectionManager *SelectionManager::_instance = nullptr;
+template<>
+SelectionManager *Singleton<SelectionManager>::_instance = nullptr;
 
 SelectionManager::SelectionManager()
 {
@@ -26,21 +27,6 @@ SelectionManager::~SelectionManager()
     if (EventBus::ip())
         EventBus::ip()->removeHandler(this);
     _instance = nullptr;
-}
-
-SelectionManager &SelectionManager::i()
-{
-    return *_instance;
-}
-
-SelectionManager *SelectionManager::ip()
-{
-    return _instance;
-}
-
-void SelectionManager::destroy()
-{
-    delete _instance;
 }
 
 QUuid SelectionManager::current() const

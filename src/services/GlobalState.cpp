@@ -20,7 +20,8 @@
 
 namespace TES {
 
-GlobalState *GlobalState::_instance = nullptr;
+template<>
+GlobalState *Singleton<GlobalState>::_instance = nullptr;
 
 namespace {
 
@@ -85,21 +86,6 @@ GlobalState::~GlobalState()
                                 LogLevel::Debug);
     if (EventBus::ip())
         EventBus::ip()->removeHandler(this);
-}
-
-GlobalState &GlobalState::i()
-{
-    return *_instance;
-}
-
-GlobalState *GlobalState::ip()
-{
-    return _instance;
-}
-
-void GlobalState::destroy()
-{
-    delete _instance;
 }
 
 bool GlobalState::createBooleanProperty(GlobalPropertyType type, int id, QString const &key,

@@ -3,6 +3,7 @@
 #include "events/IEventHandler.h"
 #include "properties/PropertyModel.h"
 #include "services/GlobalPropertyType.h"
+#include "services/Singleton.h"
 #include "tessera_export.h"
 
 #include <QString>
@@ -26,7 +27,7 @@ class DataState;
 // of types into setDirty(true); tracked properties anywhere set it too, from
 // Property::setValue. Core creates the instance right after the EventBus and destroys it
 // right after the bus.
-class TES_EXPORT GlobalState : public IEventHandler
+class TES_EXPORT GlobalState : public IEventHandler, public Singleton<GlobalState>
 {
 public:
     GlobalState();
@@ -34,10 +35,6 @@ public:
 
     GlobalState(GlobalState const &) = delete;
     GlobalState &operator=(GlobalState const &) = delete;
-
-    static GlobalState &i();
-    static GlobalState *ip();
-    static void destroy();
 
     // Create a value of the group. False, with nothing changed, when the id exists in the
     // group (or the key in its model). A plug-in adds its own values this way; a tracked value
@@ -96,8 +93,6 @@ public:
     void handleEvent(QSharedPointer<Event> event) override;
     bool persistent() const override;
 
-    static GlobalState *_instance;
-
 private:
     using KeyMap = std::map<int, QString>;
 
@@ -125,5 +120,8 @@ private:
     std::set<quint32> _dirtyEvents;
     bool _dirty = false;
 };
+
+template<>
+TES_EXPORT GlobalState *Singleton<GlobalState>::_instance;
 
 } // namespace TES

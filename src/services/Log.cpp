@@ -11,7 +11,8 @@
 
 namespace TES {
 
-Log *Log::_instance = nullptr;
+template<>
+Log *Singleton<Log>::_instance = nullptr;
 
 Log::Log(QString const &fileName, bool useBuffering) : _useBuffering(useBuffering)
 {
@@ -52,21 +53,6 @@ QString Log::SeverityWord(LogSeverity severity)
         return QStringLiteral("Error");
     }
     return QString();
-}
-
-Log &Log::i()
-{
-    return *_instance;
-}
-
-Log *Log::ip()
-{
-    return _instance;
-}
-
-void Log::destroy()
-{
-    delete _instance;
 }
 
 void Log::writeMessage(QString const &message, QString const &source, LogSeverity severity,

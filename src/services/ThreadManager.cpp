@@ -8,7 +8,8 @@
 
 namespace TES {
 
-ThreadManager *ThreadManager::_instance = nullptr;
+template<>
+ThreadManager *Singleton<ThreadManager>::_instance = nullptr;
 
 ThreadManager::ThreadManager()
 {
@@ -24,21 +25,6 @@ ThreadManager::~ThreadManager()
         Log::ip()->writeMessage("Destroying Thread Manager", "Data", LogSeverity::Info,
                                 LogLevel::Debug);
     _instance = nullptr;
-}
-
-ThreadManager &ThreadManager::i()
-{
-    return *_instance;
-}
-
-ThreadManager *ThreadManager::ip()
-{
-    return _instance;
-}
-
-void ThreadManager::destroy()
-{
-    delete _instance;
 }
 
 bool ThreadManager::runJob(ThreadJob *job, ThreadListener *listener)
