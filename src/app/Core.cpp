@@ -43,8 +43,9 @@ DataManager *dataManager()
 // The session value LAST_PROJECT_DIR, which initialize() sets to ".".
 QString lastProjectDir()
 {
-    return GlobalState::ip() ? GlobalState::ip()->getString(GlobalPropertyType::Session, 9)
-                             : QString();
+    return GlobalState::ip()
+               ? GlobalState::ip()->getString(GlobalPropertyType::Session, SessionLastProjectDir)
+               : QString();
 }
 
 // The project commands' questions: a box on the stack over the main window with custom "Yes"
@@ -109,7 +110,7 @@ bool Core::initialize(CommandLineParser::ArgumentMap const &args)
     _window->show();
     _window->loadState();
 
-    GlobalState::i().setString(GlobalPropertyType::Session, 9, "."); // LAST_PROJECT_DIR
+    GlobalState::i().setString(GlobalPropertyType::Session, SessionLastProjectDir, ".");
 
     EventBus::i().setEventsEnabled(true);
     Log::i().writeMessage("Initialization complete.", "Core", LogSeverity::Info, LogLevel::User);

@@ -25,9 +25,6 @@ DataManager *Singleton<DataManager>::_instance = nullptr;
 
 namespace {
 
-// LAST_PROJECT_DIR in the Session group.
-constexpr int LastProjectDirId = 9;
-
 void logInfo(QString const &text, QString const &source = QStringLiteral("DataManager"))
 {
     Log::WriteThreadMessage(text, source, LogSeverity::Info, LogLevel::User);
@@ -65,7 +62,7 @@ void resetCore()
 void rememberDirectory(QFileInfo const &file)
 {
     if (GlobalState::ip())
-        GlobalState::ip()->setString(GlobalPropertyType::Session, LastProjectDirId,
+        GlobalState::ip()->setString(GlobalPropertyType::Session, SessionLastProjectDir,
                                      file.absolutePath());
 }
 

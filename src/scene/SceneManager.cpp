@@ -73,8 +73,8 @@ QSize SceneManager::screenSize() const
 {
     if (!GlobalState::ip())
         return QSize(480, 272);
-    return QSize(GlobalState::ip()->getInt(GlobalPropertyType::Project, 8),  // SCREEN_WIDTH
-                 GlobalState::ip()->getInt(GlobalPropertyType::Project, 9)); // SCREEN_HEIGHT
+    return QSize(GlobalState::ip()->getInt(GlobalPropertyType::Project, ProjectScreenWidth),
+                 GlobalState::ip()->getInt(GlobalPropertyType::Project, ProjectScreenHeight));
 }
 
 QList<QUuid> SceneManager::screens() const
@@ -375,7 +375,8 @@ void SceneManager::handleEvent(QSharedPointer<Event> event)
     if (event->type() == EVT_GLOBALSTATE_VALUE_CHANGED) {
         // Checked, since a plug-in may raise the number with another class.
         auto changed = event.dynamicCast<GlobalStateChangedEvent>();
-        if (changed && (changed->id() == 8 || changed->id() == 9))
+        if (changed
+            && (changed->id() == ProjectScreenWidth || changed->id() == ProjectScreenHeight))
             EventBus::RaiseNow(
                 QSharedPointer<ScreenEvent>::create(EVT_SCREEN_REPAINT_REQUEST, EVM_SCREEN));
     } else if (event->type() == EVT_PROJECT_LOADED && !_activeScreen.isNull()) {

@@ -37,32 +37,34 @@ GlobalState::GlobalState()
     // own initial value counts as a change: a new GlobalState is dirty. Start-up, blank and
     // load all end with EVT_GLOBALSTATE_REQUEST_CLEAN, which lowers the flag again.
     using G = GlobalPropertyType;
-    createBooleanProperty(G::Session, 0, "DIRTY_DISABLED", false, false);
-    createBooleanProperty(G::Session, 1, "SNAP_ENABLED", true, false);
-    createBooleanProperty(G::Session, 2, "GRID_ENABLED", true, false);
-    createBooleanProperty(G::Session, 3, "CUT_ENABLED", false, false);
-    createBooleanProperty(G::Session, 4, "COPY_ENABLED", false, false);
-    createBooleanProperty(G::Session, 5, "PASTE_ENABLED", false, false);
-    createBooleanProperty(G::Session, 6, "UNDO_ENABLED", false, false);
-    createBooleanProperty(G::Session, 7, "REDO_ENABLED", false, false);
+    createBooleanProperty(G::Session, SessionDirtyDisabled, "DIRTY_DISABLED", false, false);
+    createBooleanProperty(G::Session, SessionSnapEnabled, "SNAP_ENABLED", true, false);
+    createBooleanProperty(G::Session, SessionGridEnabled, "GRID_ENABLED", true, false);
+    createBooleanProperty(G::Session, SessionCutEnabled, "CUT_ENABLED", false, false);
+    createBooleanProperty(G::Session, SessionCopyEnabled, "COPY_ENABLED", false, false);
+    createBooleanProperty(G::Session, SessionPasteEnabled, "PASTE_ENABLED", false, false);
+    createBooleanProperty(G::Session, SessionUndoEnabled, "UNDO_ENABLED", false, false);
+    createBooleanProperty(G::Session, SessionRedoEnabled, "REDO_ENABLED", false, false);
     // Session 8 and Project 7 are left free: callers read Project 7 and expect false unless
     // a plug-in creates it.
-    createStringProperty(G::Session, 9, "LAST_PROJECT_DIR", false);
+    createStringProperty(G::Session, SessionLastProjectDir, "LAST_PROJECT_DIR", false);
 
-    createBooleanProperty(G::Project, 0, "SNAP_TOGGLED", false, true);
-    createBooleanProperty(G::Project, 1, "GRID_TOGGLED", true, true);
-    createIntegerProperty(G::Project, 2, "GRID_X", 10, true);
-    createIntegerProperty(G::Project, 3, "GRID_Y", 10, true);
-    createIntegerProperty(G::Project, 4, "CANVAS_WIDTH", 400, true);
-    createIntegerProperty(G::Project, 5, "CANVAS_HEIGHT", 400, true);
-    createIntegerProperty(G::Project, 6, "ZOOM_LEVEL", 1, true);
-    createIntegerProperty(G::Project, 8, "SCREEN_WIDTH", 480, true);
-    createIntegerProperty(G::Project, 9, "SCREEN_HEIGHT", 272, true);
-    createIntegerProperty(G::Project, 10, "SCREEN_DESIGNER_WIDTH_PADDING", 100, true);
-    createIntegerProperty(G::Project, 11, "SCREEN_DESIGNER_HEIGHT_PADDING", 100, true);
+    createBooleanProperty(G::Project, ProjectSnapToggled, "SNAP_TOGGLED", false, true);
+    createBooleanProperty(G::Project, ProjectGridToggled, "GRID_TOGGLED", true, true);
+    createIntegerProperty(G::Project, ProjectGridX, "GRID_X", 10, true);
+    createIntegerProperty(G::Project, ProjectGridY, "GRID_Y", 10, true);
+    createIntegerProperty(G::Project, ProjectCanvasWidth, "CANVAS_WIDTH", 400, true);
+    createIntegerProperty(G::Project, ProjectCanvasHeight, "CANVAS_HEIGHT", 400, true);
+    createIntegerProperty(G::Project, ProjectZoomLevel, "ZOOM_LEVEL", 1, true);
+    createIntegerProperty(G::Project, ProjectScreenWidth, "SCREEN_WIDTH", 480, true);
+    createIntegerProperty(G::Project, ProjectScreenHeight, "SCREEN_HEIGHT", 272, true);
+    createIntegerProperty(G::Project, ProjectScreenDesignerWidthPadding,
+                          "SCREEN_DESIGNER_WIDTH_PADDING", 100, true);
+    createIntegerProperty(G::Project, ProjectScreenDesignerHeightPadding,
+                          "SCREEN_DESIGNER_HEIGHT_PADDING", 100, true);
 
-    createIntegerProperty(G::User, 0, "LOG_LEVEL", 0, true);
-    createIntegerProperty(G::User, 1, "GRID_COLOR", 0x86B898, true);
+    createIntegerProperty(G::User, UserLogLevel, "LOG_LEVEL", 0, true);
+    createIntegerProperty(G::User, UserGridColor, "GRID_COLOR", 0x86B898, true);
 
     // A value change counts whatever its group: with the bus on, even a Session value makes
     // the project dirty.

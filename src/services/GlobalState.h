@@ -15,6 +15,39 @@ namespace TES {
 
 class DataState;
 
+// The ids of the values the host creates, one enumeration per group. The bare numbers name
+// the same values and keep working.
+enum SessionValueId : int {
+    SessionDirtyDisabled = 0,
+    SessionSnapEnabled = 1,
+    SessionGridEnabled = 2,
+    SessionCutEnabled = 3,
+    SessionCopyEnabled = 4,
+    SessionPasteEnabled = 5,
+    SessionUndoEnabled = 6,
+    SessionRedoEnabled = 7,
+    SessionLastProjectDir = 9,
+};
+
+enum ProjectValueId : int {
+    ProjectSnapToggled = 0,
+    ProjectGridToggled = 1,
+    ProjectGridX = 2,
+    ProjectGridY = 3,
+    ProjectCanvasWidth = 4,
+    ProjectCanvasHeight = 5,
+    ProjectZoomLevel = 6,
+    ProjectScreenWidth = 8,
+    ProjectScreenHeight = 9,
+    ProjectScreenDesignerWidthPadding = 10,
+    ProjectScreenDesignerHeightPadding = 11,
+};
+
+enum UserValueId : int {
+    UserLogLevel = 0,
+    UserGridColor = 1,
+};
+
 // The application's table of small named values and the project's dirty flag. A value is
 // addressed by its group and a small integer id; behind the id stands a property, keyed by
 // the value's key string, in one PropertyModel per group, so that values share defaults,

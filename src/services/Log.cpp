@@ -22,9 +22,9 @@ Log::Log(QString const &fileName, bool useBuffering) : _useBuffering(useBufferin
 
     // The user's LOG_LEVEL preference (User value 0). It is read once, here: the user file is
     // loaded later in the start-up, and only a change of the value moves the level after that.
-    _level = GlobalState::ip()
-                 ? static_cast<LogLevel>(GlobalState::ip()->getInt(GlobalPropertyType::User, 0))
-                 : LogLevel::User;
+    _level = GlobalState::ip() ? static_cast<LogLevel>(
+                 GlobalState::ip()->getInt(GlobalPropertyType::User, UserLogLevel))
+                               : LogLevel::User;
 
     writeMessage("Initializing Log System", "Log", LogSeverity::Info, LogLevel::Debug);
     writeMessage("Opening log file: " + fileName, "Log", LogSeverity::Info, LogLevel::Debug);
