@@ -7,6 +7,7 @@
 #include "properties/PropertyCategory.h"
 #include "scene/SceneManager.h"
 #include "scene/SceneObject.h"
+#include "services/HostConstants.h"
 #include "services/Utils.h"
 
 namespace TES {
@@ -81,7 +82,7 @@ bool Screen::setName(QString const &name)
 
 QIcon Screen::icon()
 {
-    return QIcon(":/resources/screen_icon.png");
+    return QIcon(HostConstants::IconScreen);
 }
 
 bool Screen::ownsRoot(QUuid const &id) const

@@ -1,5 +1,7 @@
 #include "widgets/PluginDialog.h"
 
+#include "services/HostConstants.h"
+
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -14,7 +16,7 @@ PluginDialog::PluginDialog(std::vector<PluginDescriptor> plugins)
     : QDialog(nullptr), _plugins(std::move(plugins))
 {
     setWindowTitle("Framework Selection");
-    setWindowIcon(QIcon(":/resources/tessera_icon_32x32.png"));
+    setWindowIcon(QIcon(HostConstants::IconApplication));
     setFixedSize(780, 480);
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
 
