@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/DataManager.h"
 
 #include "app/Core.h"
@@ -5,7 +6,7 @@
 #include "data/DataSaveJob.h"
 #include "data/DataState.h"
 #include "data/IDataManagerInterface.h"
-#include "data/ProjectArchive.h"
+#include "data/ProjectArchive_p.h"
 #include "events/EventBus.h"
 #include "services/GlobalState.h"
 #include "services/Log.h"

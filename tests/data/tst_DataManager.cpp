@@ -1,9 +1,10 @@
+// SPDX-License-Identifier: MIT
 #include "app/Core.h"
 #include "data/DataLoadJob.h"
 #include "data/DataManager.h"
 #include "data/DataState.h"
 #include "data/IDataManagerInterface.h"
-#include "data/ProjectArchive.h"
+#include "data/ProjectArchive_p.h"
 #include "events/EventBus.h"
 #include "events/GlobalStateEvents.h"
 #include "scene/SceneManager.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "tessera_export.h"
@@ -11,7 +12,8 @@ class DataState;
 
 // What makes a zip archive a project: the fixed "version.json" that every save writes, and
 // the validity rule that every open applies before loading anything. Static helpers only;
-// the save job adds the version file, the DataManager asks for validity.
+// the save job adds the version file, the DataManager asks for validity. Internal to the
+// host, and not installed for plug-ins.
 //
 // An archive is a project exactly when its directory can be read and it holds an entry
 // "state.json" by that exact name (a leading "/" or another case doesn't count). The version
