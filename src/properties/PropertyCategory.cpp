@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "properties/PropertyCategory.h"
 
 #include "properties/PropertyModel.h"

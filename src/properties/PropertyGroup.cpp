@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "properties/PropertyGroup.h"
 
 #include "properties/PropertyModel.h"

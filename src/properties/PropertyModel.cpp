@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "properties/PropertyModel.h"
 
 #include "properties/IPropertyModelListener.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scene/Screen.h"
 
 #include "events/EventBus.h"

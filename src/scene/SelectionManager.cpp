@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scene/SelectionManager.h"
 
 #include "events/EventBus.h"

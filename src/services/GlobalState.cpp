@@ -1,8 +1,9 @@
+// SPDX-License-Identifier: MIT
 #include "services/GlobalState.h"
 
 #include "app/Core.h"
 #include "data/DataState.h"
-#include "data/ProjectArchive.h"
+#include "data/ProjectArchive_p.h"
 #include "events/EventBus.h"
 #include "events/GlobalStateEvents.h"
 #include "properties/BooleanProperty.h"

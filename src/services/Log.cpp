@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "services/Log.h"
 
 #include "events/EventBus.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "services/LogStateListener.h"
 
 #include "events/GlobalStateEvents.h"

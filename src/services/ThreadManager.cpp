@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "services/ThreadManager.h"
 
 #include "services/Log.h"

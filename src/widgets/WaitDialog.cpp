@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/WaitDialog.h"
 
 #include "services/AsynchronousJob.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "windows/ConsoleWindow.h"
 
 #include "services/HostConstants.h"

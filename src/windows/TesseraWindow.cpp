@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "windows/TesseraWindow.h"
 
 #include "app/Core.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/Core.h"
 #include "data/DataState.h"
 #include "events/EventBus.h"

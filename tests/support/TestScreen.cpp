@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "support/TestScreen.h"
 
 #include "events/EventBus.h"

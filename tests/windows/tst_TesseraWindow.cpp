@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/Core.h"
 #include "designer/ScreenDesignerWindow.h"
 #include "events/EventBus.h"
