@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The property view: building the view of a model of 200 properties, and 10,000 value changes
 // made in code on a model on show, with the time per change and the layout passes of the
 // panes that the changes cause (none is the goal: an edit lays out its row at most).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/PlusExpandButton.h"
 
 #include "services/HostConstants.h"

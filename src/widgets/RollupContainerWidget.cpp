@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/RollupContainerWidget.h"
 
 #include "widgets/ExpandButtonWidget.h"

@@ -1,8 +1,9 @@
+// SPDX-License-Identifier: MIT
 #include "windows/PropertyEditorWindow.h"
 
 #include "events/EventBus.h"
 #include "events/EventTypes.h"
-#include "events/ScreenActiveChangedEvent.h"
+#include "events/ScreenEvents.h"
 #include "properties/IPropertyViewable.h"
 #include "properties/view/PropertyViewContainer.h"
 #include "scene/SceneManager.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "properties/AbstractFloatProperty.h"
 #include "properties/Property.h"
 #include "properties/PropertyCategory.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "support/PropertyShowcase.h"
 
 #include "properties/AbstractIntegerProperty.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "support/TestFloatProperty.h"
 
 #include "properties/PropertyModel.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "support/TestLeaf.h"
 
 #include "properties/view/PropertyView.h"

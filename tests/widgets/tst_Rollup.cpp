@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/ExpandButtonWidget.h"
 #include "widgets/ExpandGridLayout.h"
 #include "widgets/PlusExpandButton.h"

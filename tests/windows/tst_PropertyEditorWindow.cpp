@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "events/Event.h"
 #include "events/EventBus.h"
 #include "events/EventTypes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "properties/view/PropertyView.h"
 
 #include "properties/Property.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "properties/view/PropertyViewBands.h"
 
 #include "properties/Property.h"

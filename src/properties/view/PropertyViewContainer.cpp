@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "properties/view/PropertyViewContainer.h"
 
 #include "properties/PropertyModel.h"

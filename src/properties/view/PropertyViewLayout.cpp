@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "properties/view/PropertyViewLayout.h"
 
 #include "properties/PropertyModel.h"

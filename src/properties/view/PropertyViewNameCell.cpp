@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "properties/view/PropertyViewNameCell.h"
 
 #include "data/KeyValueMap.h"

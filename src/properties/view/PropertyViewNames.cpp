@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "properties/view/PropertyViewNames.h"
 
 #include "properties/AbstractBooleanProperty.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "properties/view/PropertyViewRows.h"
 
 #include "properties/PropertyGroup.h"

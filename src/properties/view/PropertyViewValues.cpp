@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "properties/view/PropertyViewValues.h"
 
 #include "properties/AbstractComboProperty.h"
