@@ -8,6 +8,7 @@
 #include "support/FixturePlugins.h"
 #include "support/ModalAnswerer.h"
 #include "support/RecordingHandler.h"
+#include "support/Services.h"
 #include "support/TestScene.h"
 #include "widgets/PluginDialog.h"
 #include "windows/TesseraWindow.h"
@@ -31,6 +32,7 @@ using namespace TES;
 using TES::Test::FixturePlugins;
 using TES::Test::ModalAnswerer;
 using TES::Test::RecordingHandler;
+using TES::Test::Services;
 using TES::Test::TestScene;
 
 namespace {
@@ -71,16 +73,6 @@ QString captureStdout(Fn fn)
     return QString::fromLocal8Bit(file.readAll());
 }
 
-// Deletes what Core leaves for the process to end, so that the next start in this process
-// begins afresh.
-void dropLeftovers()
-{
-    delete TesseraWindow::ip();
-    PluginManager::destroy();
-    SceneManager::destroy();
-    SelectionManager::destroy();
-}
-
 // A started Core for one test; stops it at the end.
 class Started
 {
@@ -92,7 +84,7 @@ public:
     ~Started()
     {
         core.destroy();
-        dropLeftovers();
+        Services::dropCoreLeftovers();
     }
     Core core;
     QString printed;
@@ -216,7 +208,7 @@ void tst_Core::startAndStop()
     QVERIFY(!window->isVisible());
     QVERIFY(QFile::exists(base + "/.tes/mainwindow.state"));
     QVERIFY(QFile::exists(base + "/.tes/mainwindow.geom"));
-    dropLeftovers();
+    Services::dropCoreLeftovers();
     QCOMPARE(logLines(), QStringList({"[Core]<Info> : Initialization complete."}));
 }
 
@@ -388,7 +380,7 @@ void tst_Core::refusedChoiceEndsTheStart()
     QVERIFY(QFile::exists(configBase() + "/.tes/mainwindow.state"));
     QVERIFY(QFile::exists(configBase() + "/.tes/user_config.json"));
     QVERIFY(!logLines().join('\n').contains("Initialization complete."));
-    dropLeftovers();
+    Services::dropCoreLeftovers();
 }
 
 QTEST_MAIN(tst_Core)

@@ -15,6 +15,7 @@
 #include "support/ModalAnswerer.h"
 #include "support/RecordingHandler.h"
 #include "support/SceneSnapshot.h"
+#include "support/Services.h"
 #include "windows/TesseraWindow.h"
 
 #include <QDir>
@@ -33,6 +34,7 @@ using TES::Test::LogRecorder;
 using TES::Test::ModalAnswerer;
 using TES::Test::RecordingHandler;
 using TES::Test::SceneSnapshot;
+using TES::Test::Services;
 
 namespace {
 
@@ -174,11 +176,7 @@ void tst_ProjectCommands::cleanup()
 {
     _log.reset();
     _core->destroy();
-    // What Core leaves for the process to end.
-    delete TesseraWindow::ip();
-    PluginManager::destroy();
-    SceneManager::destroy();
-    SelectionManager::destroy();
+    Services::dropCoreLeftovers();
     delete _core;
 }
 

@@ -2,6 +2,7 @@
 #include "scene/Object.h"
 #include "scene/SceneManager.h"
 #include "scene/TransformSceneObject.h"
+#include "support/Services.h"
 #include "support/TestLeaf.h"
 
 #include <QJsonDocument>
@@ -45,19 +46,19 @@ private slots:
     void freshObjectsAndTags();
     void nameGoesThroughTheValidator();
     void jsonForm();
+
+private:
+    std::optional<Services> _services;
 };
 
 void tst_Object::init()
 {
-    new EventBus();
-    EventBus::i().setEventsEnabled(true);
-    new SceneManager();
+    _services.emplace(Services::Bus | Services::Scene);
 }
 
 void tst_Object::cleanup()
 {
-    SceneManager::destroy();
-    EventBus::destroy();
+    _services.reset();
 }
 
 void tst_Object::freshObjectsAndTags()

@@ -12,6 +12,7 @@
 #include "support/RecordingHandler.h"
 #include "support/RecordingPropertyListener.h"
 #include "support/SceneSnapshot.h"
+#include "support/Services.h"
 #include "support/TestContainer.h"
 #include "support/TestLeaf.h"
 #include "support/TestScene.h"
@@ -109,21 +110,18 @@ private:
     QUuid _screen(QString const &name);
 
     QHash<QUuid, QString> _labels;
+    std::optional<Services> _services;
 };
 
 void tst_SceneManager::init()
 {
-    new EventBus();
-    EventBus::i().setEventsEnabled(true);
-    new SceneManager();
-    TestScene::registerFactories();
+    _services.emplace(Services::Bus | Services::Scene);
 }
 
 void tst_SceneManager::cleanup()
 {
-    SceneManager::destroy();
     GlobalState::destroy();
-    EventBus::destroy();
+    _services.reset();
     _labels.clear();
 }
 

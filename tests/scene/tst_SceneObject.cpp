@@ -2,6 +2,7 @@
 #include "events/SceneChangeEvent.h"
 #include "scene/SceneManager.h"
 #include "support/RecordingHandler.h"
+#include "support/Services.h"
 #include "support/TestContainer.h"
 #include "support/TestLeaf.h"
 #include "support/TestScene.h"
@@ -54,15 +55,12 @@ private:
 
     QUuid R, A, A1, A2, A2a, B, C, C1;
     QHash<QUuid, QString> _names;
+    std::optional<Services> _services;
 };
 
 void tst_SceneObject::init()
 {
-    new EventBus();
-    EventBus::i().setEventsEnabled(true);
-    new SceneManager();
-    TestScene::registerFactories();
-
+    _services.emplace(Services::Bus | Services::Scene);
     QRect const box(0, 0, 10, 10);
     R = TestScene::addContainer(QUuid(), box, "R");
     A = TestScene::addContainer(R, box, "A");
@@ -76,8 +74,7 @@ void tst_SceneObject::init()
 
 void tst_SceneObject::cleanup()
 {
-    SceneManager::destroy();
-    EventBus::destroy();
+    _services.reset();
     _names.clear();
 }
 

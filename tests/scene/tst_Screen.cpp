@@ -8,6 +8,7 @@
 #include "scene/SceneManager.h"
 #include "scene/ScreenNameValidator.h"
 #include "support/RecordingHandler.h"
+#include "support/Services.h"
 #include "support/TestScene.h"
 #include "support/TestScreen.h"
 
@@ -41,20 +42,17 @@ private:
     QString _moves(TestScreen *screen) const;
 
     QHash<QUuid, QString> _names;
+    std::optional<Services> _services;
 };
 
 void tst_Screen::init()
 {
-    new EventBus();
-    EventBus::i().setEventsEnabled(true);
-    new SceneManager();
-    TestScene::registerFactories();
+    _services.emplace(Services::Bus | Services::Scene);
 }
 
 void tst_Screen::cleanup()
 {
-    SceneManager::destroy();
-    EventBus::destroy();
+    _services.reset();
     _names.clear();
 }
 

@@ -7,6 +7,7 @@
 #include "services/Log.h"
 #include "support/LogRecorder.h"
 #include "support/RecordingHandler.h"
+#include "support/Services.h"
 #include "support/TestContainer.h"
 #include "support/TestScene.h"
 
@@ -108,22 +109,17 @@ private:
 
     QHash<QString, QUuid> _byLabel;
     QHash<QUuid, QString> _byId;
+    std::optional<Services> _services;
 };
 
 void tst_SelectionManager::init()
 {
-    new EventBus();
-    EventBus::i().setEventsEnabled(true);
-    new SceneManager();
-    TestScene::registerFactories();
-    new SelectionManager();
+    _services.emplace(Services::Bus | Services::Scene | Services::Selection);
 }
 
 void tst_SelectionManager::cleanup()
 {
-    SelectionManager::destroy();
-    SceneManager::destroy();
-    EventBus::destroy();
+    _services.reset();
     _byLabel.clear();
     _byId.clear();
 }

@@ -1,5 +1,6 @@
 #include "events/EventBus.h"
 #include "services/Log.h"
+#include "support/Services.h"
 #include "windows/ConsoleWindow.h"
 
 #include <QAction>
@@ -11,6 +12,7 @@
 #include <memory>
 
 using namespace TES;
+using TES::Test::Services;
 
 namespace {
 
@@ -47,18 +49,19 @@ private slots:
     void showsBacklogThenEveryLine();
     void lineFormat();
     void followsOnlyFromTheBottom();
+
+private:
+    std::optional<Services> _services;
 };
 
 void tst_ConsoleWindow::init()
 {
-    new EventBus();
-    new Log("tessera.log", true);
+    _services.emplace(Services::Bus | Services::Logging, false);
 }
 
 void tst_ConsoleWindow::cleanup()
 {
-    Log::destroy();
-    EventBus::destroy();
+    _services.reset();
 }
 
 void tst_ConsoleWindow::showsBacklogThenEveryLine()

@@ -7,6 +7,7 @@
 #include "support/ExitLoop.h"
 #include "support/ModalAnswerer.h"
 #include "support/RecordingHandler.h"
+#include "support/Services.h"
 #include "windows/ConsoleWindow.h"
 #include "windows/TesseraWindow.h"
 
@@ -27,6 +28,7 @@ using namespace TES;
 using TES::Test::ExitLoop;
 using TES::Test::ModalAnswerer;
 using TES::Test::RecordingHandler;
+using TES::Test::Services;
 using Types = QList<unsigned long long>;
 
 namespace {
@@ -92,6 +94,7 @@ private slots:
 private:
     TesseraWindow &makeWindow();
 
+    std::optional<Services> _services;
     std::unique_ptr<Core> _core;
 };
 
@@ -101,11 +104,7 @@ void tst_TesseraWindow::init()
                           + "/.tes"));
     QFile::remove(stateFile("mainwindow.state"));
     QFile::remove(stateFile("mainwindow.geom"));
-    new EventBus();
-    new GlobalState();
-    GlobalState::i().setDirty(false); // as start-up's clean request leaves it
-    EventBus::i().setEventsEnabled(true);
-    new Log("tessera.log", true);
+    _services.emplace(Services::Bus | Services::State | Services::Logging);
     _core = std::make_unique<Core>(); // not started: the commands only need it there
 }
 
@@ -113,9 +112,7 @@ void tst_TesseraWindow::cleanup()
 {
     delete TesseraWindow::ip();
     _core.reset();
-    GlobalState::destroy();
-    Log::destroy();
-    EventBus::destroy();
+    _services.reset();
 }
 
 TesseraWindow &tst_TesseraWindow::makeWindow()
