@@ -39,7 +39,6 @@ private slots:
     void cleanup();
 
     void walks();
-    void fixedAnswers();
     void ancestry();
     void addAndRemoveChildren();
     void reorderingsAndTheirGuards();
@@ -136,19 +135,6 @@ void tst_SceneObject::walks()
     for (unsigned int index = 0; index < 8; ++index)
         QCOMPARE(root->childAt(index, true), preOrder.at(int(index)));
     QCOMPARE(root->childAt(Unset, true), QUuid());
-}
-
-void tst_SceneObject::fixedAnswers()
-{
-    SceneObject *root = TestScene::object(R);
-    QCOMPARE(root->childCount(true), 0u);
-    QCOMPARE(root->childCountOfType(TestLeaf::Type(), false), 0u);
-    QCOMPARE(root->childCountOfType(TestLeaf::Type(), true), 0u);
-    // Found or not, the recursive index is -1.
-    QCOMPARE(root->indexOfChild(A, true), -1);
-    QCOMPARE(root->indexOfChild(A2a, true), -1);
-    // An ancestor of the type exists, yet the base answers the null id.
-    QCOMPARE(TestScene::object(A2a)->firstAncestorOfType(TestContainer::Type()), QUuid());
 }
 
 void tst_SceneObject::ancestry()
