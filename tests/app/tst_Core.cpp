@@ -226,9 +226,6 @@ void tst_Core::windowStateAcrossRuns()
     TesseraWindow &window = TesseraWindow::i();
     QCOMPARE(window.dockWidgetArea(window.consoleDock()), Qt::TopDockWidgetArea);
     QCOMPARE(window.dockWidgetArea(window.propertyEditorDock()), Qt::LeftDockWidgetArea);
-    QCOMPARE(window.dockWidgetArea(window.toolBoxDock()), Qt::RightDockWidgetArea);
-    window.resetState();
-    QCOMPARE(window.dockWidgetArea(window.consoleDock()), Qt::BottomDockWidgetArea);
 }
 
 void tst_Core::newDesignAsks()

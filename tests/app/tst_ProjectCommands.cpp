@@ -163,7 +163,6 @@ void tst_ProjectCommands::init()
     QDir("projects").removeRecursively();
     QVERIFY(QDir().mkpath("projects"));
     FixturePlugins::startRecording();
-    qunsetenv("TES_FIXTURE_CHECK_PROJECT");
     Core::_instance = nullptr;
     _core = new Core();
     QVERIFY(_core->initialize({}));
@@ -437,7 +436,6 @@ void tst_ProjectCommands::refusedOpens()
 {
     edit(50);
     saveAs("vanishing.zip");
-    saveAs("refused.zip");
     saveAs("current.zip");
     QString const current = projectPath("current.zip");
     DataState notProject;
@@ -475,17 +473,6 @@ void tst_ProjectCommands::refusedOpens()
             _log->lines().contains("DataManager|Error opening project file: .  File not found"));
         QVERIFY(_log->lines().contains("Tessera|Opening project: " + projectPath("vanishing.zip")));
     }
-    // The plug-in's check answering 3: no box, nothing loaded.
-    edit(52);
-    QVERIFY(_core->save(false));
-    qputenv("TES_FIXTURE_CHECK_PROJECT", "3");
-    ModalAnswerer answers({projectPath("refused.zip"), "OK"});
-    QVERIFY(_core->open());
-    QCOMPARE(titles(answers.seen), QStringList({"Open Project"}));
-    QCOMPARE(gridX(), 10);
-    QCOMPARE(DataManager::i().currentFile(), current);
-    QCOMPARE(dataCalls().filter(QRegularExpression("check|Load")),
-             QStringList({"scene checkProject listed"}));
 }
 
 QTEST_MAIN(tst_ProjectCommands)
