@@ -106,14 +106,12 @@ void tst_GlobalState::valueTable_data()
         QTest::newRow(key) << group << id << value << tracked;
     };
     // A sample, each of its own kind or with a reader elsewhere; the counts in
-    // gettersAndSetters catch a value gone missing.
+    // gettersAndSetters catch a value gone missing. GRID_X (10, tracked) and the screen size
+    // (480 by 272) are read by the data manager's, project commands' and scene manager's tests.
     row(G::Session, 0, "DIRTY_DISABLED", false, false);
     row(G::Session, 1, "SNAP_ENABLED", true, false);
     row(G::Session, 9, "LAST_PROJECT_DIR", QString(), false);
     row(G::Project, 0, "SNAP_TOGGLED", false, true);
-    row(G::Project, 2, "GRID_X", 10, true);
-    row(G::Project, 8, "SCREEN_WIDTH", 480, true);
-    row(G::Project, 9, "SCREEN_HEIGHT", 272, true);
     row(G::Project, 11, "SCREEN_DESIGNER_HEIGHT_PADDING", 100, true);
     row(G::User, 0, "LOG_LEVEL", 0, true);
     row(G::User, 1, "GRID_COLOR", 8829080, true);
