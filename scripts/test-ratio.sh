@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Prints how many lines of test code there are against product code (src and plugins): the
 # tests are kept at no more than half the product.
 set -euo pipefail

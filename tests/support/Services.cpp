@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "support/Services.h"
 
 #include "data/DataManager.h"
