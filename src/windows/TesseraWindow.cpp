@@ -3,6 +3,7 @@
 #include "app/Core.h"
 #include "data/DataManager.h"
 #include "designer/ScreenDesignerWindow.h"
+#include "designer/ScreenOverlay.h"
 #include "events/EventBus.h"
 #include "services/GlobalState.h"
 #include "services/Log.h"
@@ -84,7 +85,8 @@ TesseraWindow::TesseraWindow(QWidget *parent) : QMainWindow(parent)
     setWindowIcon(QIcon(":/resources/tessera_icon_32x32.png"));
 
     setCentralWidget(new ScreenDesignerWindow(this));
-    // The screen overlay joins here, once the design surface stands: before any dock.
+    // Once the design surface stands, before any dock; it dies with the window.
+    new ScreenOverlay(this);
 
     _createDocks();
     _createMenus();

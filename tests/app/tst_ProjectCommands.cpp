@@ -15,6 +15,7 @@
 #include "support/ModalAnswerer.h"
 #include "support/RecordingHandler.h"
 #include "support/SceneSnapshot.h"
+#include "tools/ToolManager.h"
 #include "windows/TesseraWindow.h"
 
 #include <QDir>
@@ -179,6 +180,7 @@ void tst_ProjectCommands::cleanup()
     PluginManager::destroy();
     SceneManager::destroy();
     SelectionManager::destroy();
+    ToolManager::destroy();
     delete _core;
 }
 

@@ -1,0 +1,7 @@
+#include "tools/ITransformToolDelegate.h"
+
+namespace TES {
+
+ITransformToolDelegate::~ITransformToolDelegate() = default;
+
+} // namespace TES

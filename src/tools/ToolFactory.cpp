@@ -1,0 +1,7 @@
+#include "tools/ToolFactory.h"
+
+namespace TES {
+
+ToolFactory::~ToolFactory() = default;
+
+} // namespace TES
