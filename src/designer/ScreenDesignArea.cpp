@@ -34,8 +34,11 @@ ScreenDesignArea::ScreenDesignArea(QWidget *parent) : QWidget(parent)
     _inputWidget->setFocusPolicy(Qt::ClickFocus);
     _inputWidget->installEventFilter(this);
     stack->addWidget(_inputWidget);
-    // The last widget added is on top, and StackAll shows them all.
-    stack->setCurrentWidget(_inputWidget);
+    // The stack lowers each widget it is given: put them back in order, slot 0 at the bottom
+    // and the input widget on top.
+    for (QWidget *overlay : _overlayWidgets)
+        overlay->raise();
+    _inputWidget->raise();
     _scrollArea->setWidget(_overlayContainer);
 }
 

@@ -104,6 +104,10 @@ void tst_TransformTool::moveByDrag()
     select({_loose});
     QRect const box = DesignSurface::onSurface(_loose);
     QCOMPARE(tool()->boundingBox(), box);
+    // The tool paints above the screen: its red width line over the white page.
+    QImage const image = _surface->area().overlayContainer()->grab().toImage();
+    QColor const line = image.pixelColor(box.center().x(), box.top() - 10);
+    QVERIFY2(line.red() > 100 && line.green() < 80 && line.blue() < 80, qPrintable(line.name()));
     _surface->drag(box.center(), box.center() + QPoint(13, -7));
     QCOMPARE(rectOf(_loose), QRect(313, 143, 40, 30));
     QCOMPARE(tool()->boundingBox(), box.translated(13, -7));
