@@ -9,7 +9,6 @@
 #include "services/GlobalState.h"
 
 #include <QMouseEvent>
-#include <QPainter>
 
 namespace TES {
 
@@ -129,14 +128,7 @@ void SelectionOverlay::paintEvent(QWidget *overlay)
 {
     if (!_dragging || !heldScreen())
         return;
-    QPainter painter(overlay);
-    painter.setBackgroundMode(Qt::TransparentMode);
-    painter.setPen(Qt::white);
-    painter.drawRect(_rect);
-    QPen dashed;
-    dashed.setDashPattern({3, 3});
-    painter.setPen(dashed);
-    painter.drawRect(_rect);
+    PaintOutline(overlay, _rect);
 }
 
 } // namespace TES

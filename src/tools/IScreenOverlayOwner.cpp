@@ -1,6 +1,7 @@
 #include "tools/IScreenOverlayOwner.h"
 
 #include <QEvent>
+#include <QPainter>
 #include <QWidget>
 
 namespace TES {
@@ -21,5 +22,17 @@ bool IScreenOverlayOwner::eventFilter(QObject *watched, QEvent *event)
 }
 
 void IScreenOverlayOwner::paintEvent(QWidget *) {}
+
+void IScreenOverlayOwner::PaintOutline(QWidget *overlay, QRect const &rect)
+{
+    QPainter painter(overlay);
+    painter.setBackgroundMode(Qt::TransparentMode);
+    painter.setPen(Qt::white);
+    painter.drawRect(rect);
+    QPen dashed;
+    dashed.setDashPattern({3, 3});
+    painter.setPen(dashed);
+    painter.drawRect(rect);
+}
 
 } // namespace TES

@@ -5,6 +5,7 @@
 #include <QObject>
 
 class QEvent;
+class QRect;
 class QWidget;
 
 namespace TES {
@@ -36,6 +37,9 @@ public:
 protected:
     // Paints on the overlay widget, from inside its paint event. The default does nothing.
     virtual void paintEvent(QWidget *overlay);
+    // The outline style of the surface (the rubber band, a tool's box): a white rectangle,
+    // then a black one dashed 3 on 3 over it, with a transparent background.
+    static void PaintOutline(QWidget *overlay, QRect const &rect);
 };
 
 } // namespace TES

@@ -472,15 +472,7 @@ void TransformTool::paintEvent(QWidget *overlay)
 
 void TransformTool::_paintBox(QWidget *overlay)
 {
-    QPainter painter(overlay);
-    painter.setBackgroundMode(Qt::TransparentMode);
-    QRect const outline(_box.topLeft(), QPoint(_box.right() - 1, _box.bottom() - 1));
-    painter.setPen(Qt::white);
-    painter.drawRect(outline);
-    QPen dashed;
-    dashed.setDashPattern({3, 3});
-    painter.setPen(dashed);
-    painter.drawRect(outline);
+    PaintOutline(overlay, QRect(_box.topLeft(), QPoint(_box.right() - 1, _box.bottom() - 1)));
 }
 
 void TransformTool::_paintReparentHighlight(QWidget *overlay)
