@@ -10,6 +10,7 @@
 #include "services/Log.h"
 #include "services/PluginManager.h"
 #include "support/RecordingHandler.h"
+#include "tools/ToolManager.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -38,6 +39,7 @@ void destroyCore(Core &core)
     PluginManager::destroy(); // Core leaves these for the process to end
     SceneManager::destroy();
     SelectionManager::destroy();
+    ToolManager::destroy();
 }
 
 } // namespace
