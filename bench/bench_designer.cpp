@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The design surface at scale: one screen of 2,000 objects. A drag step of the transform tool
 // with 100 of them selected, from the mouse move to the repaint of the screen's picture, and a
 // rubber band over the whole screen, from the press to the repaint after the selection.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "designer/ScreenDesignArea.h"
 
 #include "tools/IScreenOverlayOwner.h"

@@ -1,9 +1,9 @@
+// SPDX-License-Identifier: MIT
 #include "designer/ScreenDesignerWindow.h"
 
 #include "designer/ScreenDesignArea.h"
 #include "events/EventBus.h"
-#include "events/ScreenRenamedEvent.h"
-#include "events/ScreenVisibilityChangedEvent.h"
+#include "events/ScreenEvents.h"
 #include "scene/SceneManager.h"
 #include "scene/Screen.h"
 #include "scene/SelectionManager.h"
@@ -13,7 +13,8 @@
 
 namespace TES {
 
-ScreenDesignerWindow *ScreenDesignerWindow::_instance = nullptr;
+template<>
+ScreenDesignerWindow *Singleton<ScreenDesignerWindow>::_instance = nullptr;
 
 namespace {
 
@@ -57,16 +58,6 @@ ScreenDesignerWindow::~ScreenDesignerWindow()
     if (EventBus::ip())
         EventBus::ip()->removeHandler(this);
     _instance = nullptr;
-}
-
-ScreenDesignerWindow &ScreenDesignerWindow::i()
-{
-    return *_instance;
-}
-
-ScreenDesignerWindow *ScreenDesignerWindow::ip()
-{
-    return _instance;
 }
 
 ScreenDesignArea *ScreenDesignerWindow::DesignArea()

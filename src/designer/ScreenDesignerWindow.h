@@ -1,6 +1,8 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "events/IEventHandler.h"
+#include "services/Singleton.h"
 #include "tessera_export.h"
 
 #include <QUuid>
@@ -19,7 +21,9 @@ class ScreenDesignArea;
 // Created by TesseraWindow as its central widget and owned by it. A persistent handler on the
 // bus: it follows loads, blanking, renames, the active screen and the visible set, and
 // repaints the surface when a screen asks for it or a scene changes.
-class TES_EXPORT ScreenDesignerWindow : public QWidget, public IEventHandler
+class TES_EXPORT ScreenDesignerWindow : public QWidget,
+                                        public IEventHandler,
+                                        public Singleton<ScreenDesignerWindow>
 {
     Q_OBJECT
 
@@ -27,8 +31,6 @@ public:
     explicit ScreenDesignerWindow(QWidget *parent = nullptr);
     ~ScreenDesignerWindow() override;
 
-    static ScreenDesignerWindow &i();
-    static ScreenDesignerWindow *ip();
     // The design surface of the instance; null without one.
     static ScreenDesignArea *DesignArea();
 
@@ -41,8 +43,6 @@ public:
     bool canHandleEvent(unsigned long long mask) const override;
     void handleEvent(QSharedPointer<Event> event) override;
     bool persistent() const override;
-
-    static ScreenDesignerWindow *_instance;
 
 public slots:
     // The current tab's screen, or none, becomes the active screen.
@@ -61,5 +61,8 @@ private:
     QTabBar *_tabBar = nullptr;
     ScreenDesignArea *_designArea = nullptr;
 };
+
+template<>
+TES_EXPORT ScreenDesignerWindow *Singleton<ScreenDesignerWindow>::_instance;
 
 } // namespace TES

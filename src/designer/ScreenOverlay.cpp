@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "designer/ScreenOverlay.h"
 
 #include "designer/ScreenDesignArea.h"
@@ -10,7 +11,8 @@
 
 namespace TES {
 
-ScreenOverlay *ScreenOverlay::_instance = nullptr;
+template<>
+ScreenOverlay *Singleton<ScreenOverlay>::_instance = nullptr;
 
 namespace {
 
@@ -41,16 +43,6 @@ ScreenOverlay::~ScreenOverlay()
     if (ScreenDesignArea *area = ScreenDesignerWindow::DesignArea())
         area->detatchIfOwned(OverlayScreen, this);
     _instance = nullptr;
-}
-
-ScreenOverlay &ScreenOverlay::i()
-{
-    return *_instance;
-}
-
-ScreenOverlay *ScreenOverlay::ip()
-{
-    return _instance;
 }
 
 QWeakPointer<Screen> ScreenOverlay::getScreen() const

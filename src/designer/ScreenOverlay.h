@@ -1,6 +1,8 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "events/IEventHandler.h"
+#include "services/Singleton.h"
 #include "tessera_export.h"
 #include "tools/IScreenOverlayOwner.h"
 
@@ -20,16 +22,15 @@ class Screen;
 // TesseraWindow creates the one instance right after the design surface and parents it to
 // itself. A persistent handler on the bus: it follows the active screen, attaching itself to
 // slot 1 while there is one.
-class TES_EXPORT ScreenOverlay : public IScreenOverlayOwner, public IEventHandler
+class TES_EXPORT ScreenOverlay : public IScreenOverlayOwner,
+                                 public IEventHandler,
+                                 public Singleton<ScreenOverlay>
 {
     Q_OBJECT
 
 public:
     explicit ScreenOverlay(QObject *parent = nullptr);
     ~ScreenOverlay() override;
-
-    static ScreenOverlay &i();
-    static ScreenOverlay *ip();
 
     QWeakPointer<Screen> getScreen() const;
     // Overlay widget 1 of the design surface; null without one.
@@ -56,8 +57,6 @@ public:
     void handleEvent(QSharedPointer<Event> event) override;
     bool persistent() const override;
 
-    static ScreenOverlay *_instance;
-
 protected:
     void paintEvent(QWidget *overlay) override;
 
@@ -68,5 +67,8 @@ private:
     // Weak, so that a removed screen is not kept alive by its picture; locked to paint.
     QWeakPointer<Screen> _screen;
 };
+
+template<>
+TES_EXPORT ScreenOverlay *Singleton<ScreenOverlay>::_instance;
 
 } // namespace TES

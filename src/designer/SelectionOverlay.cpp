@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "designer/SelectionOverlay.h"
 
 #include "designer/ScreenDesignArea.h"
@@ -12,7 +13,8 @@
 
 namespace TES {
 
-SelectionOverlay *SelectionOverlay::_instance = nullptr;
+template<>
+SelectionOverlay *Singleton<SelectionOverlay>::_instance = nullptr;
 
 namespace {
 
@@ -52,16 +54,6 @@ SelectionOverlay::~SelectionOverlay()
     if (ScreenDesignArea *area = ScreenDesignerWindow::DesignArea())
         area->detatchIfOwned(OverlaySelection, this);
     _instance = nullptr;
-}
-
-SelectionOverlay &SelectionOverlay::i()
-{
-    return *_instance;
-}
-
-SelectionOverlay *SelectionOverlay::ip()
-{
-    return _instance;
 }
 
 QWidget *SelectionOverlay::overlayWidget() const

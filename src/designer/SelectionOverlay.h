@@ -1,5 +1,7 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
+#include "services/Singleton.h"
 #include "tessera_export.h"
 #include "tools/IScreenOverlayOwner.h"
 
@@ -16,7 +18,7 @@ namespace TES {
 //
 // Core creates the one instance once the main window exists, parented to it; it attaches
 // itself to slot 4 in its constructor and detaches in its destructor.
-class TES_EXPORT SelectionOverlay : public IScreenOverlayOwner
+class TES_EXPORT SelectionOverlay : public IScreenOverlayOwner, public Singleton<SelectionOverlay>
 {
     Q_OBJECT
 
@@ -24,17 +26,12 @@ public:
     explicit SelectionOverlay(QObject *parent = nullptr);
     ~SelectionOverlay() override;
 
-    static SelectionOverlay &i();
-    static SelectionOverlay *ip();
-
     // Overlay widget 1, the screen overlay's, not its own widget 4.
     QWidget *overlayWidget() const;
 
     // Only while a screen is active and shown: left press, move and release draw and apply
     // the band; those are accepted, other events are not.
     void handleOverlayEvent(QEvent *event) override;
-
-    static SelectionOverlay *_instance;
 
 protected:
     void paintEvent(QWidget *overlay) override;
@@ -45,5 +42,8 @@ private:
     bool _dragging = false;
     QRect _rect;
 };
+
+template<>
+TES_EXPORT SelectionOverlay *Singleton<SelectionOverlay>::_instance;
 
 } // namespace TES

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/IScreenOverlayOwner.h"
 
 #include <QEvent>

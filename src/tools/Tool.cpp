@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/Tool.h"
 
 namespace TES {

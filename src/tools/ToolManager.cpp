@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/ToolManager.h"
 
 #include "designer/ScreenDesignArea.h"
@@ -11,7 +12,8 @@
 
 namespace TES {
 
-ToolManager *ToolManager::_instance = nullptr;
+template<>
+ToolManager *Singleton<ToolManager>::_instance = nullptr;
 
 namespace {
 
@@ -48,21 +50,6 @@ ToolManager::~ToolManager()
     _instance = nullptr;
     if (EventBus::ip())
         EventBus::ip()->removeHandler(this);
-}
-
-ToolManager &ToolManager::i()
-{
-    return *_instance;
-}
-
-ToolManager *ToolManager::ip()
-{
-    return _instance;
-}
-
-void ToolManager::destroy()
-{
-    delete _instance;
 }
 
 bool ToolManager::registerFactory(ToolFactory *factory)

@@ -1,6 +1,8 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "events/IEventHandler.h"
+#include "services/Singleton.h"
 #include "tessera_export.h"
 
 #include <QString>
@@ -25,7 +27,7 @@ class TransformToolExtender;
 // ends. The constructor registers the host's "transform" tool and makes the
 // TransformToolExtender. As a persistent handler on the bus it deactivates the tool before the
 // active screen changes and when a project is blanked.
-class TES_EXPORT ToolManager : public IEventHandler
+class TES_EXPORT ToolManager : public IEventHandler, public Singleton<ToolManager>
 {
 public:
     ToolManager();
@@ -33,10 +35,6 @@ public:
 
     ToolManager(ToolManager const &) = delete;
     ToolManager &operator=(ToolManager const &) = delete;
-
-    static ToolManager &i();
-    static ToolManager *ip();
-    static void destroy();
 
     // False for a null factory or a type already registered, which keeps its factory. Not
     // owned: the factory must outlive its registration.
@@ -64,12 +62,13 @@ public:
     void handleEvent(QSharedPointer<Event> event) override;
     bool persistent() const override;
 
-    static ToolManager *_instance;
-
 private:
     std::map<QString, ToolFactory *> _factories;
     Tool *_activeTool = nullptr;
     std::unique_ptr<TransformToolExtender> _extender;
 };
+
+template<>
+TES_EXPORT ToolManager *Singleton<ToolManager>::_instance;
 
 } // namespace TES

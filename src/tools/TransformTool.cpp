@@ -1,10 +1,11 @@
+// SPDX-License-Identifier: MIT
 #include "tools/TransformTool.h"
 
 #include "designer/ScreenDesignArea.h"
 #include "designer/ScreenDesignerWindow.h"
 #include "designer/ScreenOverlay.h"
 #include "events/EventBus.h"
-#include "events/GlobalStateChangedEvent.h"
+#include "events/GlobalStateEvents.h"
 #include "events/SceneObjectEvent.h"
 #include "scene/SceneManager.h"
 #include "scene/Screen.h"
@@ -193,7 +194,7 @@ void TransformTool::handleEvent(QSharedPointer<Event> event)
     if (event->type() == EVT_GLOBALSTATE_VALUE_CHANGED) {
         // SCREEN_WIDTH, SCREEN_HEIGHT and the two designer paddings; the group is not tested.
         unsigned int const id = event.staticCast<GlobalStateChangedEvent>()->id();
-        if (id >= 8 && id <= 11)
+        if (id >= ProjectScreenWidth && id <= ProjectScreenDesignerHeightPadding)
             _rebuild();
     } else if (event->type() == EVT_SCENE_SCENEOBJECTSTATECHANGED) {
         // The tool's own changes rebuild once, after the loop that makes them.

@@ -1,8 +1,10 @@
+// SPDX-License-Identifier: MIT
 #include "tools/TransformToolExtender.h"
 
 namespace TES {
 
-TransformToolExtender *TransformToolExtender::_instance = nullptr;
+template<>
+TransformToolExtender *Singleton<TransformToolExtender>::_instance = nullptr;
 
 TransformToolExtender::TransformToolExtender()
 {
@@ -12,16 +14,6 @@ TransformToolExtender::TransformToolExtender()
 TransformToolExtender::~TransformToolExtender()
 {
     _instance = nullptr;
-}
-
-TransformToolExtender &TransformToolExtender::i()
-{
-    return *_instance;
-}
-
-TransformToolExtender *TransformToolExtender::ip()
-{
-    return _instance;
 }
 
 ITransformToolDelegate *TransformToolExtender::Delegate()

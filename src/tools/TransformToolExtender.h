@@ -1,5 +1,7 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
+#include "services/Singleton.h"
 #include "tessera_export.h"
 
 namespace TES {
@@ -10,20 +12,19 @@ class ITransformToolDelegate;
 // instance is made and owned by ToolManager, which lives with the process; the plug-in sets
 // _delegate directly (there is no setter), and the tool reads it on each use. While
 // _delegate is null no reparent target is ever offered.
-class TES_EXPORT TransformToolExtender
+class TES_EXPORT TransformToolExtender : public Singleton<TransformToolExtender>
 {
 public:
     TransformToolExtender();
     virtual ~TransformToolExtender();
 
-    static TransformToolExtender &i();
-    static TransformToolExtender *ip();
     // The delegate of the instance, null without an instance.
     static ITransformToolDelegate *Delegate();
 
-    static TransformToolExtender *_instance;
-
     ITransformToolDelegate *_delegate = nullptr;
 };
+
+template<>
+TES_EXPORT TransformToolExtender *Singleton<TransformToolExtender>::_instance;
 
 } // namespace TES

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/TransformToolFactory.h"
 
 #include "tools/TransformTool.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/TransformToolSelectRunnable.h"
 
 #include "scene/SelectionManager.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "designer/BackgroundOverlay.h"
 #include "designer/ScreenDesignArea.h"
 #include "designer/ScreenDesignerWindow.h"

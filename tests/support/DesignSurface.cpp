@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "support/DesignSurface.h"
 
 #include "designer/ScreenDesignArea.h"
@@ -30,8 +31,10 @@ DesignSurface::DesignSurface(int widthPadding, int heightPadding)
     _window = new ScreenDesignerWindow();
     new ScreenOverlay(_window);
     new SelectionOverlay(_window);
-    GlobalState::i().setInt(GlobalPropertyType::Project, 10, _widthPadding);
-    GlobalState::i().setInt(GlobalPropertyType::Project, 11, _heightPadding);
+    GlobalState::i().setInt(GlobalPropertyType::Project, ProjectScreenDesignerWidthPadding,
+                            _widthPadding);
+    GlobalState::i().setInt(GlobalPropertyType::Project, ProjectScreenDesignerHeightPadding,
+                            _heightPadding);
     sizeContainer();
     _window->resize(900, 600);
     _window->show();

@@ -1,8 +1,9 @@
+// SPDX-License-Identifier: MIT
 #include "support/TestScreen.h"
 
 #include "designer/ScreenOverlay.h"
 #include "events/EventBus.h"
-#include "events/ScreenRootEvent.h"
+#include "events/ScreenEvents.h"
 #include "scene/SceneManager.h"
 #include "scene/TransformSceneObject.h"
 #include "services/Utils.h"
