@@ -35,11 +35,10 @@ ToolManager::ToolManager()
     _instance = this;
     if (EventBus::ip())
         EventBus::ip()->addHandler(this);
-    // The host's factories live to the end of the process, whatever becomes of the manager.
+    // The host's factories register first, in their order, then the extender is made. They
+    // live to the end of the process, whatever becomes of the manager.
     static TransformToolFactory transformFactory;
     registerFactory(&transformFactory);
-    // The object create tool's factory registers here, between the transform factory and the
-    // extender.
     _extender = std::make_unique<TransformToolExtender>();
 }
 
