@@ -37,6 +37,8 @@ bool ImageScrollFrame::eventFilter(QObject *, QEvent *event)
         _canvas->zoomIn();
     else
         _canvas->zoomOut();
+    // Accepted, or it would travel on from the viewport to the area and zoom twice.
+    event->accept();
     return true;
 }
 

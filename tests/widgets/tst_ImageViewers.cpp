@@ -15,12 +15,13 @@ class tst_ImageViewers : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase() { qRegisterMetaType<uint32_t>("uint32_t"); }
     void pickAtZoom_data();
     void pickAtZoom();
     void viewerZoomsAndPaints();
 };
 
-// A wheel turn over a widget, delivered as the window system would.
+// A wheel turn over the scroll area's viewport, where the turns over the image arrive too.
 static void wheel(QWidget *widget, int delta)
 {
     QPointF const at(widget->width() / 2.0, widget->height() / 2.0);
@@ -34,11 +35,11 @@ void tst_ImageViewers::pickAtZoom_data()
     QTest::addColumn<int>("zoomIns");
     QTest::addColumn<int>("zoomOuts");
     QTest::addColumn<QSize>("size");
-    QTest::addColumn<QPoint>("click");
+    QTest::addColumn<QPoint>("at");
     QTest::addColumn<QPoint>("pixel");
 
     // A 5 by 3 image; a zoom of z shows it at int(5z) by int(3z).
-    QTest::newRow("1.0 first") << 0 << 0 << QSize(5, 3) << QPoint(0, 0) << QPoint(0, 0);
+    QTest::newRow("1.0 last column") << 0 << 0 << QSize(5, 3) << QPoint(4, 0) << QPoint(4, 0);
     QTest::newRow("1.0 middle") << 0 << 0 << QSize(5, 3) << QPoint(2, 1) << QPoint(2, 1);
     // Not below 1: three steps out from 1.2 end at 1.
     QTest::newRow("out to 1.0") << 1 << 3 << QSize(5, 3) << QPoint(1, 2) << QPoint(1, 2);
@@ -56,7 +57,7 @@ void tst_ImageViewers::pickAtZoom()
     QFETCH(int, zoomIns);
     QFETCH(int, zoomOuts);
     QFETCH(QSize, size);
-    QFETCH(QPoint, click);
+    QFETCH(QPoint, at);
     QFETCH(QPoint, pixel);
 
     QImage image(5, 3, QImage::Format_ARGB32);
@@ -84,7 +85,7 @@ void tst_ImageViewers::pickAtZoom()
     QCOMPARE(canvas->size(), size);
 
     QSignalSpy picked(&picker, &ImageColorPicker::indexSelected);
-    QTest::mouseClick(canvas, Qt::LeftButton, Qt::NoModifier, click);
+    QTest::mouseClick(canvas, Qt::LeftButton, Qt::NoModifier, at);
     QCOMPARE(picked.count(), 1);
     uint32_t const index = uint32_t(5 * pixel.y() + pixel.x());
     QCOMPARE(picked.first().at(0).value<uint32_t>(), index);
@@ -117,7 +118,7 @@ void tst_ImageViewers::viewerZoomsAndPaints()
     QCOMPARE(painter->size(), QSize(40, 80));
 
     for (int i = 0; i < 5; ++i)
-        wheel(painter, 120);
+        wheel(area->viewport(), 120);
     QCOMPARE(painter->size(), QSize(80, 160));
     QImage shown = painter->grab().toImage();
     QCOMPARE(shown.pixelColor(10, 10), QColor(Qt::red));
@@ -127,15 +128,15 @@ void tst_ImageViewers::viewerZoomsAndPaints()
     QCOMPARE(shown.pixelColor(45, 15), QColor(Qt::lightGray));
     QCOMPARE(shown.pixelColor(79, 159), QColor(Qt::gray));
 
-    // The wheel zooms and never scrolls, over the image or beside it; a viewer goes below 1.
+    // The wheel zooms and never scrolls; a viewer goes below 1.
     QScrollBar *bar = area->verticalScrollBar();
     QVERIFY(bar->maximum() > 0);
-    wheel(painter, -120);
     wheel(area->viewport(), -120);
+    wheel(area, -120);
     QCOMPARE(bar->value(), 0);
     QCOMPARE(painter->size(), QSize(64, 128));
     for (int i = 0; i < 10; ++i)
-        wheel(painter, -120);
+        wheel(area->viewport(), -120);
     QCOMPARE(painter->size(), QSize(8, 16));
 
     viewer.setPaintChecker(false);

@@ -57,9 +57,11 @@ private slots:
     void branchingPath();
 };
 
-// The crumbs on show, the active one in brackets. Old crumbs go by deleteLater().
+// The crumbs on show, the active one in brackets. Old crumbs go by deleteLater(), new ones
+// show once the event loop has run.
 static QString crumbs(ProgressWidget &widget)
 {
+    QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QStringList texts;
     for (BreadCrumbButton *button : widget.findChildren<BreadCrumbButton *>()) {
