@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "tessera_export.h"
@@ -7,7 +8,7 @@
 namespace TES {
 
 // The content of the "Screen Tree" dock: the object tree of the active screen with its tool
-// bar. For now an empty frame that holds the dock's place; the tree comes with the scene model.
+// bar. It is an empty frame that holds the dock's place.
 //
 // Created by TesseraWindow, owned by its dock.
 class TES_EXPORT ScreenTreeWindow : public QWidget

@@ -1,0 +1,7 @@
+#include "widgets/PieChartListener.h"
+
+namespace TES {
+
+PieChartListener::~PieChartListener() = default;
+
+} // namespace TES
