@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/BreadCrumbButton.h"
 
 namespace TES {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/ImagePicker.h"
 
 #include "services/HostConstants.h"

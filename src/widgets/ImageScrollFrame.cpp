@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/ImageScrollFrame.h"
 
 #include "widgets/ImageCanvas.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/ImageViewer.h"
 
 #include "widgets/ImagePainter.h"

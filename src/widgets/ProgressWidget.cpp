@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/ProgressWidget.h"
 
 #include "widgets/BreadCrumbButton.h"

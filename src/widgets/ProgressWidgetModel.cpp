@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/ProgressWidgetModel.h"
 
 #include "widgets/ProgressWidgetStage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/ProgressWidgetStage.h"
 
 #include "widgets/ProgressWidgetModel.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/WizardDialog.h"
 
 #include "services/HostConstants.h"

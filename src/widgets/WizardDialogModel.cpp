@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/WizardDialogModel.h"
 
 #include "widgets/WizardPanel.h"

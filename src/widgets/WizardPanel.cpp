@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/WizardPanel.h"
 
 namespace TES {

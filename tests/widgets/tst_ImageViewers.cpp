@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+#include "support/GoldenImage.h"
 #include "widgets/ImageColorPicker.h"
 #include "widgets/ImagePainter.h"
 #include "widgets/ImagePicker.h"
@@ -121,12 +123,11 @@ void tst_ImageViewers::viewerZoomsAndPaints()
         wheel(area->viewport(), 120);
     QCOMPARE(painter->size(), QSize(80, 160));
     QImage shown = painter->grab().toImage();
-    QCOMPARE(shown.pixelColor(10, 10), QColor(Qt::red));
+    QString const why = Test::GoldenImage::compare(shown, "widgets/golden/image_viewer_zoom2.png");
+    QVERIFY2(why.isEmpty(), qPrintable(why));
     QCOMPARE(shown.pixelColor(39, 159), QColor(Qt::red));
     QCOMPARE(shown.pixelColor(45, 5), QColor(Qt::gray));
     QCOMPARE(shown.pixelColor(55, 5), QColor(Qt::lightGray));
-    QCOMPARE(shown.pixelColor(45, 15), QColor(Qt::lightGray));
-    QCOMPARE(shown.pixelColor(79, 159), QColor(Qt::gray));
 
     // The wheel zooms and never scrolls; a viewer goes below 1.
     QScrollBar *bar = area->verticalScrollBar();
