@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/ColorDisplay.h"
 
 #include "services/Utils.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/ColorSlider.h"
 
 #include "services/HostConstants.h"

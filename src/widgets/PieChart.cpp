@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/PieChart.h"
 
 #include "widgets/PieChartLegendRow.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/PieChartModel.h"
 
 #include "widgets/PieChartListener.h"

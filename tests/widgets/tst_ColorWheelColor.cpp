@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/ColorWheelColor.h"
 
 #include <QtTest>

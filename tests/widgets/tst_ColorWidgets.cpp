@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Mouse events through the window system's path, so that moves carry the pressed button
 // the way a real drag does.
 #define QTEST_QPA_MOUSE_HANDLING
