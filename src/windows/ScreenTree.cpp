@@ -23,6 +23,8 @@
 #include <QSet>
 #include <QTreeWidgetItemIterator>
 
+#include <algorithm>
+
 namespace TES {
 
 QIcon ScreenTree::_locked;
@@ -228,10 +230,12 @@ void ScreenTree::_handleRootEvent(QSharedPointer<Event> const &event)
     }
     QSharedPointer<Screen> const screen = activeScreen();
     QScopedValueRollback<bool> const guard(_syncEnabled, false);
+    QList<QTreeWidgetItem *> const selected = _selectedInSubtree(item);
     _takeItem(item);
     int const index = screen ? screen->indexOfRoot(root) : -1;
     insertTopLevelItem(index < 0 ? topLevelItemCount() : qMin(index, topLevelItemCount()), item);
     _restoreExpanded(item);
+    _select(selected, QItemSelectionModel::Select);
 }
 
 void ScreenTree::_handleSceneEvent(QSharedPointer<Event> const &event)
@@ -289,12 +293,14 @@ void ScreenTree::_handleSceneEvent(QSharedPointer<Event> const &event)
             } else if (!item) {
                 _addChild(parentItem, id, parent->indexOfChild(id, false));
             } else {
+                QList<QTreeWidgetItem *> const selected = _selectedInSubtree(item);
                 _takeItem(item);
                 int const index = parent->indexOfChild(id, false);
                 parentItem->insertChild(index < 0 ? parentItem->childCount()
                                                   : qMin(index, parentItem->childCount()),
                                         item);
                 _restoreExpanded(item);
+                _select(selected, QItemSelectionModel::Select);
             }
         }
     }
@@ -316,14 +322,21 @@ void ScreenTree::_handleSelectionChanged(QSharedPointer<Event> const &event)
             break;
         }
     }
-    // An id named in both lists was selected anew: it stays selected.
-    QList<QUuid> removed = change->removed();
+    // An id named in both lists was selected anew: it stays selected. The new selection goes
+    // to the view in one step.
     QSet<QUuid> const addedSet(added.begin(), added.end());
-    removed.erase(std::remove_if(removed.begin(), removed.end(),
-                                 [&](QUuid const &id) { return addedSet.contains(id); }),
-                  removed.end());
-    _setSelected(addedItems, true);
-    _setSelected(_items(removed), false);
+    QList<QTreeWidgetItem *> const shown = selectedItems();
+    QSet<QTreeWidgetItem *> items(shown.begin(), shown.end());
+    QList<QUuid> const removed = change->removed();
+    QList<QTreeWidgetItem *> const removedItems = _items(removed);
+    for (int index = 0; index < removed.size(); ++index) {
+        if (!addedSet.contains(removed.at(index)))
+            items.remove(removedItems.at(index));
+    }
+    for (QTreeWidgetItem *item : addedItems)
+        items.insert(item);
+    items.remove(nullptr);
+    _select(items.values(), QItemSelectionModel::ClearAndSelect);
     update();
 }
 
@@ -331,16 +344,19 @@ void ScreenTree::_refreshSelection()
 {
     QList<QUuid> const selected
         = SelectionManager::ip() ? SelectionManager::ip()->selected() : QList<QUuid>();
+    // Showing what is shown already would change nothing. A bulk move asks for a refresh per
+    // object, so this check must not walk the whole tree.
+    QList<QTreeWidgetItem *> const shown = selectedItems();
+    if (shown.size() == selected.size()) {
+        QSet<QUuid> const wanted(selected.begin(), selected.end());
+        if (std::all_of(shown.begin(), shown.end(),
+                        [&](QTreeWidgetItem *item) { return wanted.contains(idOf(item)); }))
+            return;
+    }
+    QScopedValueRollback<bool> const guard(_syncEnabled, false);
     QList<QTreeWidgetItem *> items = _items(selected);
     items.removeAll(nullptr);
-    QList<QTreeWidgetItem *> const shown = selectedItems();
-    // Showing what is shown already would change nothing: spare the walk.
-    if (QSet<QTreeWidgetItem *>(shown.begin(), shown.end())
-        == QSet<QTreeWidgetItem *>(items.begin(), items.end()))
-        return;
-    QScopedValueRollback<bool> const guard(_syncEnabled, false);
-    clearSelection();
-    _setSelected(items, true);
+    _select(items, QItemSelectionModel::ClearAndSelect);
 }
 
 void ScreenTree::_itemSelectionChanged()
@@ -543,18 +559,40 @@ QList<QTreeWidgetItem *> ScreenTree::_items(QList<QUuid> const &ids) const
     return items;
 }
 
-void ScreenTree::_setSelected(QList<QTreeWidgetItem *> const &items, bool selected)
+void ScreenTree::_select(QList<QTreeWidgetItem *> const &items,
+                         QItemSelectionModel::SelectionFlags command)
 {
-    QItemSelection selection;
+    // Rows next to each other under one parent make one range: the selection model compares
+    // ranges pairwise, so that a thousand single rows would cost a million comparisons.
+    QHash<QModelIndex, QVector<int>> rowsByParent;
     for (QTreeWidgetItem *item : items) {
-        if (item) {
-            QModelIndex const index = indexFromItem(item);
-            selection.select(index, index);
+        QModelIndex const index = indexFromItem(item);
+        rowsByParent[index.parent()].append(index.row());
+    }
+    QItemSelection selection;
+    for (auto entry = rowsByParent.begin(); entry != rowsByParent.end(); ++entry) {
+        QVector<int> &rows = entry.value();
+        std::sort(rows.begin(), rows.end());
+        for (int first = 0; first < rows.size();) {
+            int last = first;
+            while (last + 1 < rows.size() && rows.at(last + 1) <= rows.at(last) + 1)
+                ++last;
+            selection.append(QItemSelectionRange(model()->index(rows.at(first), 0, entry.key()),
+                                                 model()->index(rows.at(last), 0, entry.key())));
+            first = last + 1;
         }
     }
-    if (!selection.isEmpty())
-        selectionModel()->select(selection, selected ? QItemSelectionModel::Select
-                                                     : QItemSelectionModel::Deselect);
+    selectionModel()->select(selection, command);
+}
+
+QList<QTreeWidgetItem *> ScreenTree::_selectedInSubtree(QTreeWidgetItem *item) const
+{
+    QList<QTreeWidgetItem *> selected;
+    if (item->isSelected())
+        selected.append(item);
+    for (int index = 0; index < item->childCount(); ++index)
+        selected += _selectedInSubtree(item->child(index));
+    return selected;
 }
 
 QList<QUuid> ScreenTree::_selectedIds() const

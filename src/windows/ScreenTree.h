@@ -103,8 +103,13 @@ private:
     // The items of the ids, in order, null where there is none. Many ids are looked up in
     // one walk over the tree instead of one walk each.
     QList<QTreeWidgetItem *> _items(QList<QUuid> const &ids) const;
-    // Selects or deselects the items, skipping nulls, in one change of the selection model.
-    void _setSelected(QList<QTreeWidgetItem *> const &items, bool selected);
+    // One change of the selection model over the items (no nulls): ClearAndSelect to show
+    // exactly them, Select to add them.
+    void _select(QList<QTreeWidgetItem *> const &items,
+                 QItemSelectionModel::SelectionFlags command);
+    // The selected items of a subtree: a view drops them from its selection when the subtree
+    // leaves the tree, and they are selected again where it lands.
+    QList<QTreeWidgetItem *> _selectedInSubtree(QTreeWidgetItem *item) const;
     QList<QUuid> _selectedIds() const;
     void _setExpandedProperty(QTreeWidgetItem *item, bool expanded);
     // Whether the event's screen is the active one; a null screen never is.

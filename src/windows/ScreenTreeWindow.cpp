@@ -173,7 +173,9 @@ QAction *ScreenTreeWindow::_addAction(char const *name, QString const &toolTip, 
 
 void ScreenTreeWindow::_refreshButtons()
 {
-    for (QAction *action : _toolBar->actions())
+    // The five alone: a plug-in may have added actions of its own to the tool bar.
+    for (QAction *action :
+         {_deleteButton, _moveUpButton, _moveToTopButton, _moveDownButton, _moveToBottomButton})
         action->setEnabled(false);
     _refreshArrowButtons();
     if (_listener)
