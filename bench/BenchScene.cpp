@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "BenchScene.h"
 
 #include "support/TestScene.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Event delivery: one million events through twenty handlers with mixed masks.
 #include "BenchReport.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Saving and loading the benchmark design (50 screens, 10,000 objects) through the project
 // jobs, next to the floor measured on the same bytes: the JSON documents serialised and
 // parsed with QJsonDocument alone, and deflated at level 6 and inflated with zlib alone.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Property changes: one million setValue calls on integer properties of a model with a
 // listener.
 #include "BenchReport.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The scene model at scale: a design of 50 screens with 200 objects each, in trees three
 // levels deep, plus one screen of 2,000 objects for picking and selections.
 #include "BenchReport.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The screen tree over a screen of 2,000 objects, shown as in the dock: building it anew,
 // showing a selection of 1,000 objects made elsewhere, and a click that replaces such a
 // selection; and the tree following a move of such a selection.
@@ -86,7 +87,7 @@ int main(int argc, char **argv)
         EventBus::i().raiseEventNow(QSharedPointer<Event>::create(EVT_USER, 0));
         return timer.nsecsElapsed();
     };
-    Bench::BenchReport const slow(3);
+    Bench::BenchReport const slow(1);
     slow.print("screentree.move_down.1000_objects", slow.medianNanoseconds(moveDown) / 1e6, "ms");
     EventBus::i().removeHandler(window);
     slow.print("screentree.move_down.1000_objects.tree_alone",

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Start-up: from starting the process to the main window shown, with the test scene plug-in,
 // under the offscreen platform. The plug-in prints "shown" when the window is up and exits.
 #include "BenchReport.h"

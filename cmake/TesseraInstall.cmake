@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Installs the host library, its headers and a CMake package so that a plug-in builds
 # outside this tree with find_package(Tessera) and tessera_add_plugin().
 include(GNUInstallDirs)
@@ -8,9 +9,12 @@ install(TARGETS libtessera tessera
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tessera)
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/
-    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tessera
-    FILES_MATCHING PATTERN "*.h")
+# The plug-in interface only: the private *_p.h headers stay behind.
+foreach(header ${TES_PUBLIC_HEADERS})
+    get_filename_component(folder ${header} DIRECTORY)
+    install(FILES ${PROJECT_SOURCE_DIR}/src/${header}
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tessera/${folder})
+endforeach()
 install(FILES ${CMAKE_BINARY_DIR}/include/tessera_export.h
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tessera)
 install(EXPORT TesseraTargets

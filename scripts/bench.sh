@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Builds the benchmarks in a Release configuration in build-bench/ and runs them all. Each
 # prints one line per figure: name, value, unit, and the number of runs of its median.
 set -euo pipefail

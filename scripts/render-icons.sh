@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Renders every hand-drawn SVG in src/resources/icons/src/ to a PNG of the
 # same name in src/resources/icons/. The pixel size of each PNG is the
 # width/height declared in its SVG. Safe to run again at any time; the PNGs

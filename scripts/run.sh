@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Installs what is missing, builds the Release configuration in build/ and starts Tessera.
 set -euo pipefail
 cd "$(dirname "$0")/.."

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Installs what is missing, builds the Debug configuration with AddressSanitizer and
 # UndefinedBehaviorSanitizer in build-debug/ and runs the whole test suite.
 set -euo pipefail

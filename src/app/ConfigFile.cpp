@@ -1,3 +1,9 @@
+// SPDX-License-Identifier: MIT
+// Qt's binary JSON, the form of this file, is deprecated in Qt 5.15, whose deprecated API the
+// build otherwise turns off: this file alone keeps it, and says so before any Qt header.
+#undef QT_DISABLE_DEPRECATED_BEFORE
+#define QT_DISABLE_DEPRECATED_BEFORE 0x050E00
+
 #include "app/ConfigFile.h"
 
 #include <QFile>

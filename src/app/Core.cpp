@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/Core.h"
 
 #include "app/CoreLifecycleListener.h"
@@ -43,8 +44,9 @@ DataManager *dataManager()
 // The session value LAST_PROJECT_DIR, which initialize() sets to ".".
 QString lastProjectDir()
 {
-    return GlobalState::ip() ? GlobalState::ip()->getString(GlobalPropertyType::Session, 9)
-                             : QString();
+    return GlobalState::ip()
+               ? GlobalState::ip()->getString(GlobalPropertyType::Session, SessionLastProjectDir)
+               : QString();
 }
 
 // The project commands' questions: a box on the stack over the main window with custom "Yes"
@@ -109,7 +111,7 @@ bool Core::initialize(CommandLineParser::ArgumentMap const &args)
     _window->show();
     _window->loadState();
 
-    GlobalState::i().setString(GlobalPropertyType::Session, 9, "."); // LAST_PROJECT_DIR
+    GlobalState::i().setString(GlobalPropertyType::Session, SessionLastProjectDir, ".");
 
     EventBus::i().setEventsEnabled(true);
     Log::i().writeMessage("Initialization complete.", "Core", LogSeverity::Info, LogLevel::User);
@@ -202,8 +204,7 @@ bool Core::newDesign()
     reset();
     if (dataManager())
         dataManager()->newDesign();
-    if (EventBus::ip())
-        EventBus::ip()->raiseEventNow(QSharedPointer<Event>::create(EVT_PROJECT_NEW, EVM_PROJECT));
+    EventBus::RaiseNow(QSharedPointer<Event>::create(EVT_PROJECT_NEW, EVM_PROJECT));
     return true;
 }
 

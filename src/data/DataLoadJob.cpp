@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/DataLoadJob.h"
 
 #include "data/DataManager.h"

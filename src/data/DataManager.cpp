@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/DataManager.h"
 
 #include "app/Core.h"
@@ -5,7 +6,7 @@
 #include "data/DataSaveJob.h"
 #include "data/DataState.h"
 #include "data/IDataManagerInterface.h"
-#include "data/ProjectArchive.h"
+#include "data/ProjectArchive_p.h"
 #include "events/EventBus.h"
 #include "services/GlobalState.h"
 #include "services/Log.h"
@@ -20,12 +21,10 @@
 
 namespace TES {
 
-DataManager *DataManager::_instance = nullptr;
+template<>
+DataManager *Singleton<DataManager>::_instance = nullptr;
 
 namespace {
-
-// LAST_PROJECT_DIR in the Session group.
-constexpr int LastProjectDirId = 9;
 
 void logInfo(QString const &text, QString const &source = QStringLiteral("DataManager"))
 {
@@ -40,10 +39,8 @@ void logError(QString const &text)
 
 void raiseAll(std::initializer_list<unsigned long long> types, unsigned long long mask)
 {
-    for (unsigned long long type : types) {
-        if (EventBus::ip())
-            EventBus::ip()->raiseEventNow(QSharedPointer<Event>::create(type, mask));
-    }
+    for (unsigned long long type : types)
+        EventBus::RaiseNow(QSharedPointer<Event>::create(type, mask));
 }
 
 void raiseCurrentFileChanged()
@@ -66,7 +63,7 @@ void resetCore()
 void rememberDirectory(QFileInfo const &file)
 {
     if (GlobalState::ip())
-        GlobalState::ip()->setString(GlobalPropertyType::Session, LastProjectDirId,
+        GlobalState::ip()->setString(GlobalPropertyType::Session, SessionLastProjectDir,
                                      file.absolutePath());
 }
 
@@ -86,21 +83,6 @@ DataManager::DataManager()
 DataManager::~DataManager()
 {
     _instance = nullptr;
-}
-
-DataManager &DataManager::i()
-{
-    return *_instance;
-}
-
-DataManager *DataManager::ip()
-{
-    return _instance;
-}
-
-void DataManager::destroy()
-{
-    delete _instance;
 }
 
 IDataManagerInterface *DataManager::getInterface() const

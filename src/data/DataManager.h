@@ -1,5 +1,7 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
+#include "services/Singleton.h"
 #include "tessera_export.h"
 
 #include <QObject>
@@ -32,17 +34,13 @@ enum DataResult : unsigned int {
 // events. It shows no dialog of its own for a failure: the result and the log tell, and Core
 // decides what the user sees. Log lines go through Log::WriteThreadMessage, so they land when
 // the main event loop next runs.
-class TES_EXPORT DataManager : public QObject
+class TES_EXPORT DataManager : public QObject, public Singleton<DataManager>
 {
     Q_OBJECT
 
 public:
     DataManager();
     ~DataManager() override;
-
-    static DataManager &i();
-    static DataManager *ip();
-    static void destroy();
 
     IDataManagerInterface *getInterface() const;
     // Plain store, not owned; null removes the plug-in from saves and loads. Always true.
@@ -70,8 +68,6 @@ public:
     // The canonical path of the current project; empty for a new design.
     QString currentFile() const;
 
-    static DataManager *_instance;
-
 private:
     unsigned int _loadProject(QString const &path);
     unsigned int _saveProject(QString const &path);
@@ -79,5 +75,8 @@ private:
     IDataManagerInterface *_interface = nullptr;
     QString _currentFile;
 };
+
+template<>
+TES_EXPORT DataManager *Singleton<DataManager>::_instance;
 
 } // namespace TES

@@ -1,9 +1,10 @@
+// SPDX-License-Identifier: MIT
 #include "data/DataSaveJob.h"
 
 #include "data/DataManager.h"
 #include "data/DataState.h"
 #include "data/IDataManagerInterface.h"
-#include "data/ProjectArchive.h"
+#include "data/ProjectArchive_p.h"
 #include "scene/SceneManager.h"
 #include "services/GlobalState.h"
 #include "services/ProgressMonitor.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/DataState.h"
 
 #include "services/Log.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/KeyValueMap.h"
 
 #include "data/IKeyValueMapListener.h"

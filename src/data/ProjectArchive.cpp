@@ -1,4 +1,5 @@
-#include "data/ProjectArchive.h"
+// SPDX-License-Identifier: MIT
+#include "data/ProjectArchive_p.h"
 
 #include "data/DataState.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "designer/ScreenDesignerWindow.h"
 
 namespace TES {

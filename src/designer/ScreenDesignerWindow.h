@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "tessera_export.h"
@@ -6,9 +7,8 @@
 
 namespace TES {
 
-// The central widget of the main window: the tabs of the open screens above the design
-// surface. For now an empty frame that holds the centre; the surface and its overlays come
-// with the tools.
+// The central widget of the main window, the place of the tabs of the open screens and the
+// design surface. It is an empty frame that holds the centre.
 //
 // Created by TesseraWindow as its central widget and owned by it.
 class TES_EXPORT ScreenDesignerWindow : public QWidget

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "events/EventBus.h"
 
 #include "events/EventHandlerDescriptor.h"
@@ -8,7 +9,8 @@
 
 namespace TES {
 
-EventBus *EventBus::_instance = nullptr;
+template<>
+EventBus *Singleton<EventBus>::_instance = nullptr;
 
 EventBus::EventBus()
 {
@@ -24,21 +26,6 @@ EventBus::~EventBus()
     if (Log::ip())
         Log::ip()->writeMessage("Destroying Event Bus", "Event", LogSeverity::Info,
                                 LogLevel::Debug);
-}
-
-EventBus &EventBus::i()
-{
-    return *_instance;
-}
-
-EventBus *EventBus::ip()
-{
-    return _instance;
-}
-
-void EventBus::destroy()
-{
-    delete _instance;
 }
 
 void EventBus::addHandler(IEventHandler *handler)

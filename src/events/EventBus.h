@@ -1,6 +1,8 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "events/Event.h"
+#include "services/Singleton.h"
 #include "tessera_export.h"
 
 #include <QList>
@@ -24,17 +26,13 @@ class IEventHandler;
 // effect at the next pump; unsubscribing takes effect at once, so an object may leave the
 // bus in its destructor even from inside a delivery. addHandler, removeHandler and the
 // raise operations are safe to call after destroy().
-class TES_EXPORT EventBus : public QObject
+class TES_EXPORT EventBus : public QObject, public Singleton<EventBus>
 {
     Q_OBJECT
 
 public:
     EventBus();
     ~EventBus() override;
-
-    static EventBus &i();
-    static EventBus *ip();
-    static void destroy();
 
     void addHandler(IEventHandler *handler);
     void removeHandler(IEventHandler *handler);
@@ -53,8 +51,6 @@ public:
     void clearEvents();
     // Empties the queue and drops every subscriber that is not persistent.
     void reset();
-
-    static EventBus *_instance;
 
 private slots:
     void _pump();
@@ -75,5 +71,8 @@ private:
     bool _pumping = false;
     QTimer _timer;
 };
+
+template<>
+TES_EXPORT EventBus *Singleton<EventBus>::_instance;
 
 } // namespace TES

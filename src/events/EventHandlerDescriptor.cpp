@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "events/EventHandlerDescriptor.h"
 
 #include "events/IEventHandler.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "events/EventTypes.h"
 
 namespace TES {

@@ -1,44 +1,30 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
-#include "properties/Property.h"
+#include "properties/TypedProperty.h"
 
 namespace TES {
 
 // The "boolean" type without its storage. BooleanProperty keeps the value in a field; a
 // plug-in that keeps it in its own object derives from this class and supplies getValue and
 // _setValue.
-class TES_EXPORT AbstractBooleanProperty : public Property
+class TES_EXPORT AbstractBooleanProperty : public DefaultedProperty<bool>
 {
 public:
     AbstractBooleanProperty(PropertyModel *model, QString const &id);
 
     static QString Type();
-    // Through PropertyModel::getValue: false for an unknown id.
-    static bool Get(PropertyModel const *model, QString const &id);
-    // Through PropertyModel::setValue: false for an unknown id.
-    static bool Set(PropertyModel *model, QString const &id, bool value,
-                    PropertyChangeReason reason);
+    using DefaultedProperty::Get;
+    using DefaultedProperty::Set;
 
-    // Exactly a QVariant of type bool.
-    bool isCompatible(QVariant const &value) const override;
-    bool isDefault() const override;
-    QVariant getDefault() const override;
-    // Does not change the current value.
-    void setDefault(QVariant const &value) override;
     QString type() const override;
     QString toolTip() const override;
-    // No name cell exists for the type yet: returns null.
-    PropertyViewNameCell *view() override;
 
     bool getBool() const;
 
 protected:
     void _save(QJsonObject &json) const override;
     void _load(QJsonObject const &json) override;
-
-private:
-    bool _default = false;
-    bool _hasDefault = false;
 };
 
 } // namespace TES

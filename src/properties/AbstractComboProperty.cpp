@@ -1,13 +1,12 @@
+// SPDX-License-Identifier: MIT
 #include "properties/AbstractComboProperty.h"
-
-#include "properties/PropertyModel.h"
 
 #include <iterator>
 
 namespace TES {
 
 AbstractComboProperty::AbstractComboProperty(PropertyModel *model, QString const &id)
-    : Property(model, id)
+    : DefaultedProperty(model, id)
 {}
 
 QString AbstractComboProperty::Type()
@@ -43,7 +42,7 @@ bool AbstractComboProperty::SetString(PropertyModel *model, QString const &id, Q
 
 bool AbstractComboProperty::isCompatible(QVariant const &value) const
 {
-    if (value.userType() != QMetaType::Int)
+    if (!DefaultedProperty::isCompatible(value))
         return false;
     int const index = value.toInt();
     return index >= 0 && index < static_cast<int>(_comboValues.size());
@@ -54,26 +53,6 @@ QString AbstractComboProperty::stringValue() const
     return getString();
 }
 
-bool AbstractComboProperty::isDefault() const
-{
-    return !_hasDefault || getValue() == QVariant(_default);
-}
-
-QVariant AbstractComboProperty::getDefault() const
-{
-    return QVariant(_default);
-}
-
-void AbstractComboProperty::setDefault(QVariant const &value)
-{
-    if (!isCompatible(value))
-        return;
-    _default = value.toInt();
-    _hasDefault = true;
-    if (model())
-        model()->propertyStateChanged(this);
-}
-
 QString AbstractComboProperty::type() const
 {
     return Type();
@@ -81,15 +60,7 @@ QString AbstractComboProperty::type() const
 
 QString AbstractComboProperty::toolTip() const
 {
-    QString tip = getText() + " (" + id() + ")<br>Combo";
-    if (!getHelpText().isEmpty())
-        tip += "<br><br>" + getHelpText();
-    return tip;
-}
-
-PropertyViewNameCell *AbstractComboProperty::view()
-{
-    return nullptr;
+    return _toolTip(" (" + id() + ")<br>Combo");
 }
 
 int AbstractComboProperty::getCurrentIndex() const
@@ -128,8 +99,7 @@ void AbstractComboProperty::setComboValues(std::list<QString> const &values)
     // On an empty list the write is refused and the old index stays.
     if (getCurrentIndex() >= static_cast<int>(_comboValues.size()))
         setValue(QVariant(0), PropertyChangeReason::ReasonInternal);
-    if (model())
-        model()->propertyStateChanged(this);
+    _announceState();
 }
 
 int AbstractComboProperty::indexForValue(QString const &text) const

@@ -1,6 +1,7 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
-#include "properties/Property.h"
+#include "properties/TypedProperty.h"
 
 #include <list>
 
@@ -10,7 +11,7 @@ namespace TES {
 // while nothing is chosen. The value and the JSON form are the index, not the string.
 // ComboProperty keeps the index in a field; a plug-in that keeps it in its own object
 // derives from this class and supplies getValue and _setValue.
-class TES_EXPORT AbstractComboProperty : public Property
+class TES_EXPORT AbstractComboProperty : public DefaultedProperty<int>
 {
 public:
     AbstractComboProperty(PropertyModel *model, QString const &id);
@@ -32,14 +33,8 @@ public:
     bool isCompatible(QVariant const &value) const override;
     // The string at the current index; empty when there is none.
     QString stringValue() const override;
-    bool isDefault() const override;
-    QVariant getDefault() const override;
-    // Takes a compatible index only; does not change the current value.
-    void setDefault(QVariant const &value) override;
     QString type() const override;
     QString toolTip() const override;
-    // No name cell exists for the type yet: returns null.
-    PropertyViewNameCell *view() override;
 
     virtual int getCurrentIndex() const;
     // False for an index outside the list.
@@ -64,8 +59,6 @@ protected:
 private:
     QString _stringAt(int index) const;
 
-    int _default = 0;
-    bool _hasDefault = false;
     std::list<QString> _comboValues;
 };
 

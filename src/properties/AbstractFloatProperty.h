@@ -1,6 +1,7 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
-#include "properties/Property.h"
+#include "properties/TypedProperty.h"
 
 namespace TES {
 
@@ -11,57 +12,24 @@ namespace TES {
 //
 // The default minimum is the smallest positive normal float, not the most negative one, so
 // zero and negative numbers are refused until setMin lowers it.
-class TES_EXPORT AbstractFloatProperty : public Property
+class TES_EXPORT AbstractFloatProperty : public SteppedProperty<float>
 {
 public:
     AbstractFloatProperty(PropertyModel *model, QString const &id);
 
     static QString Type();
-    // Through PropertyModel::getValue: 0 for an unknown id.
-    static float Get(PropertyModel const *model, QString const &id);
-    // Through PropertyModel::setValue: false for an unknown id.
-    static bool Set(PropertyModel *model, QString const &id, float value,
-                    PropertyChangeReason reason);
+    using SteppedProperty::Get;
+    using SteppedProperty::Set;
 
-    // Exactly a QVariant of type float, within the limits; a double is refused.
-    bool isCompatible(QVariant const &value) const override;
-    bool isDefault() const override;
-    QVariant getDefault() const override;
-    // Takes a compatible value only; does not change the current value.
-    void setDefault(QVariant const &value) override;
     QString type() const override;
     // With a help text, ends in the separator that would precede it, without the text.
     QString toolTip() const override;
-    // No name cell exists for the type yet: returns null.
-    PropertyViewNameCell *view() override;
 
     float getFloat() const;
-    float getMin() const;
-    // Pulls the value up to the new minimum first, through the old limits.
-    void setMin(float min);
-    float getMax() const;
-    // Pulls the value down to the new maximum first, through the old limits.
-    void setMax(float max);
-    float getStep() const;
-    void setStep(float step);
-    bool getShowButton() const;
-    void setShowButton(bool show);
-    // Whether the editor writes on every keystroke; read only when the editor is built.
-    bool getUpdateOnEdit() const;
-    void setUpdateOnEdit(bool update);
 
 protected:
     void _save(QJsonObject &json) const override;
     void _load(QJsonObject const &json) override;
-
-private:
-    float _default = 0.0f;
-    bool _hasDefault = false;
-    float _min;
-    float _max;
-    float _step = 1.0f;
-    bool _showButton = false;
-    bool _updateOnEdit = true;
 };
 
 } // namespace TES

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "properties/AbstractBooleanProperty.h"
@@ -6,18 +7,10 @@ namespace TES {
 
 // The boolean property that keeps its value, a bool, in a field. Created by
 // BooleanPropertyFactory under the type name "boolean".
-class TES_EXPORT BooleanProperty : public AbstractBooleanProperty
+class TES_EXPORT BooleanProperty : public StoredProperty<AbstractBooleanProperty, bool>
 {
 public:
-    BooleanProperty(PropertyModel *model, QString const &id);
-
-    QVariant getValue() const override;
-
-protected:
-    bool _setValue(QVariant const &value) override;
-
-private:
-    bool _value = false;
+    using StoredProperty::StoredProperty;
 };
 
 } // namespace TES

@@ -1,10 +1,9 @@
+// SPDX-License-Identifier: MIT
 #include "properties/ButtonProperty.h"
-
-#include "properties/PropertyModel.h"
 
 namespace TES {
 
-ButtonProperty::ButtonProperty(PropertyModel *model, QString const &id) : Property(model, id)
+ButtonProperty::ButtonProperty(PropertyModel *model, QString const &id) : StoredProperty(model, id)
 {
     setPersistent(false);
 }
@@ -16,23 +15,13 @@ QString ButtonProperty::Type()
 
 QString ButtonProperty::GetValue(PropertyModel const *model, QString const &id)
 {
-    return model ? model->getValue(id).toString() : QString();
+    return Get(model, id);
 }
 
 bool ButtonProperty::SetValue(PropertyModel *model, QString const &id, QString const &value,
                               PropertyChangeReason reason)
 {
-    return model && model->setValue(id, QVariant(value), reason);
-}
-
-bool ButtonProperty::isCompatible(QVariant const &value) const
-{
-    return value.userType() == QMetaType::QString;
-}
-
-QVariant ButtonProperty::getValue() const
-{
-    return QVariant(_value);
+    return Set(model, id, value, reason);
 }
 
 QString ButtonProperty::type() const
@@ -42,21 +31,7 @@ QString ButtonProperty::type() const
 
 QString ButtonProperty::toolTip() const
 {
-    QString tip = getText() + " (" + id() + ")<br>Button";
-    if (!getHelpText().isEmpty())
-        tip += "<br><br>" + getHelpText();
-    return tip;
-}
-
-PropertyViewNameCell *ButtonProperty::view()
-{
-    return nullptr;
-}
-
-bool ButtonProperty::_setValue(QVariant const &value)
-{
-    _value = value.toString();
-    return true;
+    return _toolTip(" (" + id() + ")<br>Button");
 }
 
 } // namespace TES

@@ -1,13 +1,14 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
-#include "properties/Property.h"
+#include "properties/TypedProperty.h"
 
 namespace TES {
 
 // A push button in the property view; the value is its caption. A press reaches the model's
 // listeners as PropertyModel::raisePropertyEvent. Never saved: the constructor makes it not
-// persistent, and its JSON form has no value.
-class TES_EXPORT ButtonProperty : public Property
+// persistent, and its JSON form has no value. It has no default, so reset() leaves it alone.
+class TES_EXPORT ButtonProperty : public StoredProperty<TypedProperty<QString>, QString>
 {
 public:
     ButtonProperty(PropertyModel *model, QString const &id);
@@ -19,19 +20,8 @@ public:
     static bool SetValue(PropertyModel *model, QString const &id, QString const &value,
                          PropertyChangeReason reason);
 
-    // Exactly a QVariant holding a QString.
-    bool isCompatible(QVariant const &value) const override;
-    QVariant getValue() const override;
     QString type() const override;
     QString toolTip() const override;
-    // No name cell exists for the type yet: returns null.
-    PropertyViewNameCell *view() override;
-
-protected:
-    bool _setValue(QVariant const &value) override;
-
-private:
-    QString _value;
 };
 
 } // namespace TES

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "properties/AbstractHexProperty.h"
@@ -6,18 +7,10 @@ namespace TES {
 
 // The hex property that keeps its value, an unsigned 32-bit number, in a field. Created by
 // HexPropertyFactory under the type name "hex".
-class TES_EXPORT HexProperty : public AbstractHexProperty
+class TES_EXPORT HexProperty : public StoredProperty<AbstractHexProperty, unsigned int>
 {
 public:
-    HexProperty(PropertyModel *model, QString const &id);
-
-    QVariant getValue() const override;
-
-protected:
-    bool _setValue(QVariant const &value) override;
-
-private:
-    unsigned int _value = 0;
+    using StoredProperty::StoredProperty;
 };
 
 } // namespace TES

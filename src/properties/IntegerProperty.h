@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "properties/AbstractIntegerProperty.h"
@@ -6,18 +7,10 @@ namespace TES {
 
 // The integer property that keeps its value, an int, in a field. Created by
 // IntegerPropertyFactory under the type name "integer".
-class TES_EXPORT IntegerProperty : public AbstractIntegerProperty
+class TES_EXPORT IntegerProperty : public StoredProperty<AbstractIntegerProperty, int>
 {
 public:
-    IntegerProperty(PropertyModel *model, QString const &id);
-
-    QVariant getValue() const override;
-
-protected:
-    bool _setValue(QVariant const &value) override;
-
-private:
-    int _value = 0;
+    using StoredProperty::StoredProperty;
 };
 
 } // namespace TES

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "properties/Property.h"
 
 #include "properties/PropertyModel.h"

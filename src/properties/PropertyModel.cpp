@@ -1,17 +1,11 @@
+// SPDX-License-Identifier: MIT
 #include "properties/PropertyModel.h"
 
-#include "properties/BooleanPropertyFactory.h"
-#include "properties/ButtonPropertyFactory.h"
-#include "properties/ComboPropertyFactory.h"
-#include "properties/HexPropertyFactory.h"
-#include "properties/IPropertyFactory.h"
 #include "properties/IPropertyModelListener.h"
-#include "properties/IntegerPropertyFactory.h"
 #include "properties/Property.h"
 #include "properties/PropertyCategory.h"
 #include "properties/PropertyGroup.h"
-#include "properties/TextPropertyFactory.h"
-#include "properties/UuidPropertyFactory.h"
+#include "properties/TypedPropertyFactories.h"
 
 #include <QJsonArray>
 

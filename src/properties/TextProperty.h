@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "properties/AbstractTextProperty.h"
@@ -6,18 +7,10 @@ namespace TES {
 
 // The text property that keeps its value, a string, in a field. Created by
 // TextPropertyFactory under the type name "text".
-class TES_EXPORT TextProperty : public AbstractTextProperty
+class TES_EXPORT TextProperty : public StoredProperty<AbstractTextProperty, QString>
 {
 public:
-    TextProperty(PropertyModel *model, QString const &id);
-
-    QVariant getValue() const override;
-
-protected:
-    bool _setValue(QVariant const &value) override;
-
-private:
-    QString _value;
+    using StoredProperty::StoredProperty;
 };
 
 } // namespace TES

@@ -1,31 +1,15 @@
+// SPDX-License-Identifier: MIT
 #include "properties/UuidProperty.h"
-
-#include "properties/PropertyModel.h"
 
 namespace TES {
 
 UuidProperty::UuidProperty(PropertyModel *model, QString const &id)
-    : Property(model, id), _value(QUuid::createUuid())
+    : StoredProperty(model, id, QUuid::createUuid())
 {}
 
 QString UuidProperty::Type()
 {
     return QStringLiteral("uuid");
-}
-
-QUuid UuidProperty::Get(PropertyModel const *model, QString const &id)
-{
-    return model ? model->getValue(id).toUuid() : QUuid();
-}
-
-bool UuidProperty::isCompatible(QVariant const &value) const
-{
-    return value.userType() == QMetaType::QUuid;
-}
-
-QVariant UuidProperty::getValue() const
-{
-    return QVariant(_value);
 }
 
 QString UuidProperty::type() const
@@ -35,26 +19,12 @@ QString UuidProperty::type() const
 
 QString UuidProperty::toolTip() const
 {
-    QString tip = getText() + " (" + id() + ")<br>Uuid";
-    if (!getHelpText().isEmpty())
-        tip += "<br><br>" + getHelpText();
-    return tip;
-}
-
-PropertyViewNameCell *UuidProperty::view()
-{
-    return nullptr;
+    return _toolTip(" (" + id() + ")<br>Uuid");
 }
 
 QUuid UuidProperty::getUuid() const
 {
-    return _value;
-}
-
-bool UuidProperty::_setValue(QVariant const &value)
-{
-    _value = QUuid(value.toString());
-    return true;
+    return _typedValue();
 }
 
 void UuidProperty::_save(QJsonObject &json) const

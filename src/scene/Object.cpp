@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scene/Object.h"
 
 #include "properties/AbstractTextProperty.h"

@@ -1,18 +1,11 @@
+// SPDX-License-Identifier: MIT
 #include "scene/SceneManager.h"
 
 #include "data/DataState.h"
 #include "events/EventBus.h"
-#include "events/GlobalStateChangedEvent.h"
+#include "events/GlobalStateEvents.h"
 #include "events/SceneObjectAboutToDeleteEvent.h"
-#include "events/ScreenAboutToAddEvent.h"
-#include "events/ScreenAboutToRemoveEvent.h"
-#include "events/ScreenActiveChangedEvent.h"
-#include "events/ScreenActiveChangingEvent.h"
-#include "events/ScreenAddedEvent.h"
-#include "events/ScreenEvent.h"
-#include "events/ScreenRenamedEvent.h"
-#include "events/ScreenVisibilityChangedEvent.h"
-#include "events/ScreenVisibilityChangingEvent.h"
+#include "events/ScreenEvents.h"
 #include "properties/Property.h"
 #include "properties/PropertyModel.h"
 #include "scene/SceneObject.h"
@@ -42,15 +35,10 @@ QString screenFile(QString const &id)
     return "screens/" + id + "/screen.json";
 }
 
-void raise(QSharedPointer<Event> const &event)
-{
-    if (EventBus::ip())
-        EventBus::ip()->raiseEventNow(event);
-}
-
 } // namespace
 
-SceneManager *SceneManager::_instance = nullptr;
+template<>
+SceneManager *Singleton<SceneManager>::_instance = nullptr;
 
 SceneManager::SceneManager()
 {
@@ -77,21 +65,6 @@ SceneManager::~SceneManager()
     screens.clear();
 }
 
-SceneManager &SceneManager::i()
-{
-    return *_instance;
-}
-
-SceneManager *SceneManager::ip()
-{
-    return _instance;
-}
-
-void SceneManager::destroy()
-{
-    delete _instance;
-}
-
 unsigned int SceneManager::screenCount() const
 {
     return static_cast<unsigned int>(_screens.size());
@@ -101,8 +74,8 @@ QSize SceneManager::screenSize() const
 {
     if (!GlobalState::ip())
         return QSize(480, 272);
-    return QSize(GlobalState::ip()->getInt(GlobalPropertyType::Project, 8),  // SCREEN_WIDTH
-                 GlobalState::ip()->getInt(GlobalPropertyType::Project, 9)); // SCREEN_HEIGHT
+    return QSize(GlobalState::ip()->getInt(GlobalPropertyType::Project, ProjectScreenWidth),
+                 GlobalState::ip()->getInt(GlobalPropertyType::Project, ProjectScreenHeight));
 }
 
 QList<QUuid> SceneManager::screens() const
@@ -165,20 +138,20 @@ void SceneManager::setActiveScreen(QUuid const &id)
         return;
     // The changing event names the screen being left.
     if (_activeScreen.isNull())
-        raise(QSharedPointer<ScreenActiveChangingEvent>::create(QUuid(), -1));
+        EventBus::RaiseNow(QSharedPointer<ScreenActiveChangingEvent>::create(QUuid(), -1));
     else
-        raise(QSharedPointer<ScreenActiveChangingEvent>::create(_activeScreen,
-                                                                screenIndex(_activeScreen)));
+        EventBus::RaiseNow(QSharedPointer<ScreenActiveChangingEvent>::create(
+            _activeScreen, screenIndex(_activeScreen)));
     if (!_activeScreen.isNull()) {
         if (auto old = screen(_activeScreen).toStrongRef())
             old->deactivated();
     }
     _activeScreen = id;
     if (_activeScreen.isNull()) {
-        raise(QSharedPointer<ScreenActiveChangedEvent>::create(QUuid(), -1));
+        EventBus::RaiseNow(QSharedPointer<ScreenActiveChangedEvent>::create(QUuid(), -1));
     } else if (auto now = screen(_activeScreen).toStrongRef()) {
         now->activated();
-        raise(QSharedPointer<ScreenActiveChangedEvent>::create(id, screenIndex(id)));
+        EventBus::RaiseNow(QSharedPointer<ScreenActiveChangedEvent>::create(id, screenIndex(id)));
     }
 }
 
@@ -219,10 +192,10 @@ QUuid SceneManager::newScreen(bool activate, bool initialize, int, bool visible)
     _screens.remove(index);
 
     QUuid const id = screen->id();
-    raise(QSharedPointer<ScreenAboutToAddEvent>::create(id, index));
+    EventBus::RaiseNow(QSharedPointer<ScreenAboutToAddEvent>::create(id, index));
     // A handler may have changed the list meanwhile.
     _screens.insert(qMin(index, _screens.size()), screen);
-    raise(QSharedPointer<ScreenAddedEvent>::create(id, index));
+    EventBus::RaiseNow(QSharedPointer<ScreenAddedEvent>::create(id, index));
 
     if (visible)
         _addVisibleScreen(id);
@@ -249,8 +222,8 @@ bool SceneManager::duplicateScreen(QUuid const &id)
 
     // QUuid(name) is the null id for any name that is no uuid text: listeners get no
     // usable id from the add events of a duplicate.
-    raise(QSharedPointer<ScreenAboutToAddEvent>::create(QUuid(name),
-                                                        static_cast<int>(screenCount())));
+    EventBus::RaiseNow(QSharedPointer<ScreenAboutToAddEvent>::create(
+        QUuid(name), static_cast<int>(screenCount())));
     QSharedPointer<Screen> copy = _screenFactory ? _screenFactory->create(name) : nullptr;
     if (!copy)
         return false;
@@ -263,7 +236,8 @@ bool SceneManager::duplicateScreen(QUuid const &id)
     model->setValue("id", QVariant(copyId), PropertyChangeReason::ReasonInternal);
     model->setValue("name", QVariant(name), PropertyChangeReason::ReasonInternal);
 
-    raise(QSharedPointer<ScreenAddedEvent>::create(QUuid(copy->getName()), screenIndex(copyId)));
+    EventBus::RaiseNow(
+        QSharedPointer<ScreenAddedEvent>::create(QUuid(copy->getName()), screenIndex(copyId)));
     _addVisibleScreen(copyId);
     setActiveScreen(copyId);
     return true;
@@ -271,7 +245,7 @@ bool SceneManager::duplicateScreen(QUuid const &id)
 
 void SceneManager::removeScreen(QUuid const &id)
 {
-    raise(QSharedPointer<ScreenAboutToRemoveEvent>::create(id, screenIndex(id)));
+    EventBus::RaiseNow(QSharedPointer<ScreenAboutToRemoveEvent>::create(id, screenIndex(id)));
     if (id == _activeScreen)
         setActiveScreen(QUuid());
     _removeVisibleScreen(id);
@@ -310,7 +284,7 @@ bool SceneManager::setScreenName(QUuid const &id, QString const &name)
     QString const oldName = target->getName();
     if (!target->_finalizeName(name))
         return false;
-    raise(QSharedPointer<ScreenRenamedEvent>::create(id, screenIndex(id), oldName));
+    EventBus::RaiseNow(QSharedPointer<ScreenRenamedEvent>::create(id, screenIndex(id), oldName));
     return true;
 }
 
@@ -402,13 +376,15 @@ void SceneManager::handleEvent(QSharedPointer<Event> event)
     if (event->type() == EVT_GLOBALSTATE_VALUE_CHANGED) {
         // Checked, since a plug-in may raise the number with another class.
         auto changed = event.dynamicCast<GlobalStateChangedEvent>();
-        if (changed && (changed->id() == 8 || changed->id() == 9))
-            raise(QSharedPointer<ScreenEvent>::create(EVT_SCREEN_REPAINT_REQUEST, EVM_SCREEN));
+        if (changed
+            && (changed->id() == ProjectScreenWidth || changed->id() == ProjectScreenHeight))
+            EventBus::RaiseNow(
+                QSharedPointer<ScreenEvent>::create(EVT_SCREEN_REPAINT_REQUEST, EVM_SCREEN));
     } else if (event->type() == EVT_PROJECT_LOADED && !_activeScreen.isNull()) {
         // A load sets the active screen without events: everybody attaches to it now.
-        raise(QSharedPointer<ScreenActiveChangingEvent>::create(QUuid(), -1));
-        raise(QSharedPointer<ScreenActiveChangedEvent>::create(_activeScreen,
-                                                               screenIndex(_activeScreen)));
+        EventBus::RaiseNow(QSharedPointer<ScreenActiveChangingEvent>::create(QUuid(), -1));
+        EventBus::RaiseNow(QSharedPointer<ScreenActiveChangedEvent>::create(
+            _activeScreen, screenIndex(_activeScreen)));
     }
 }
 
@@ -466,7 +442,7 @@ bool SceneManager::deleteObject(QUuid const &id)
     if (getObject(id).isNull())
         return false;
     // While the object is still there, so that the info finds its place in the parent.
-    raise(QSharedPointer<SceneObjectAboutToDeleteEvent>::create(SceneObjectInfo(id)));
+    EventBus::RaiseNow(QSharedPointer<SceneObjectAboutToDeleteEvent>::create(SceneObjectInfo(id)));
     // Looked up again after the handlers; the object ends once the list is whole again, so
     // that its destructor may call back in.
     for (int index = 0; index < _objects.size(); ++index) {
@@ -574,9 +550,11 @@ void SceneManager::_addVisibleScreen(QUuid const &id)
 {
     if (_visibleScreens.count(id) > 0)
         return;
-    raise(QSharedPointer<ScreenVisibilityChangingEvent>::create(id, screenIndex(id), true));
+    EventBus::RaiseNow(
+        QSharedPointer<ScreenVisibilityChangingEvent>::create(id, screenIndex(id), true));
     _visibleScreens.insert(id);
-    raise(QSharedPointer<ScreenVisibilityChangedEvent>::create(id, screenIndex(id), true));
+    EventBus::RaiseNow(
+        QSharedPointer<ScreenVisibilityChangedEvent>::create(id, screenIndex(id), true));
     // A first visible screen becomes active by itself.
     if (_activeScreen.isNull())
         setActiveScreen(id);
@@ -586,9 +564,11 @@ void SceneManager::_removeVisibleScreen(QUuid const &id)
 {
     if (_visibleScreens.count(id) == 0)
         return;
-    raise(QSharedPointer<ScreenVisibilityChangingEvent>::create(id, screenIndex(id), false));
+    EventBus::RaiseNow(
+        QSharedPointer<ScreenVisibilityChangingEvent>::create(id, screenIndex(id), false));
     _visibleScreens.erase(id);
-    raise(QSharedPointer<ScreenVisibilityChangedEvent>::create(id, screenIndex(id), false));
+    EventBus::RaiseNow(
+        QSharedPointer<ScreenVisibilityChangedEvent>::create(id, screenIndex(id), false));
     if (id == _activeScreen)
         setActiveScreen(QUuid());
 }

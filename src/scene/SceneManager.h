@@ -1,6 +1,8 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "events/IEventHandler.h"
+#include "services/Singleton.h"
 #include "tessera_export.h"
 
 #include <QHash>
@@ -40,7 +42,7 @@ class ScreenFactory;
 // plug-in installs its factories while it initialises. The destructor clears the instance
 // before it drops the objects and screens, so their destructors find no manager. save and
 // load run on the project job's thread while the interface waits, raising nothing.
-class TES_EXPORT SceneManager : public IEventHandler
+class TES_EXPORT SceneManager : public IEventHandler, public Singleton<SceneManager>
 {
 public:
     SceneManager();
@@ -48,10 +50,6 @@ public:
 
     SceneManager(SceneManager const &) = delete;
     SceneManager &operator=(SceneManager const &) = delete;
-
-    static SceneManager &i();
-    static SceneManager *ip();
-    static void destroy();
 
     // Screens.
 
@@ -174,8 +172,6 @@ public:
     // Whether some screen owns the object as one of its roots.
     bool isScreenRoot(QUuid const &id) const;
 
-    static SceneManager *_instance;
-
 private:
     void _addVisibleScreen(QUuid const &id);
     void _removeVisibleScreen(QUuid const &id);
@@ -195,5 +191,8 @@ private:
     // and a lookup it can't answer falls back to walking _objects and repairs it.
     mutable QHash<QUuid, QWeakPointer<SceneObject>> _index;
 };
+
+template<>
+TES_EXPORT SceneManager *Singleton<SceneManager>::_instance;
 
 } // namespace TES

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scene/SceneObject.h"
 
 #include "properties/AbstractBooleanProperty.h"

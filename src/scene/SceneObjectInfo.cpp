@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scene/SceneObjectInfo.h"
 
 #include "scene/SceneManager.h"

@@ -1,12 +1,14 @@
+// SPDX-License-Identifier: MIT
 #include "scene/Screen.h"
 
 #include "events/EventBus.h"
-#include "events/ScreenRenamedEvent.h"
+#include "events/ScreenEvents.h"
 #include "properties/AbstractTextProperty.h"
 #include "properties/Property.h"
 #include "properties/PropertyCategory.h"
 #include "scene/SceneManager.h"
 #include "scene/SceneObject.h"
+#include "services/HostConstants.h"
 #include "services/Utils.h"
 
 namespace TES {
@@ -81,7 +83,7 @@ bool Screen::setName(QString const &name)
 
 QIcon Screen::icon()
 {
-    return QIcon(":/resources/screen_icon.png");
+    return QIcon(HostConstants::IconScreen);
 }
 
 bool Screen::ownsRoot(QUuid const &id) const
@@ -191,10 +193,10 @@ void Screen::initializeNew() {}
 void Screen::propertyValueChanged(Property *property, QVariant const &oldValue, QVariant const &,
                                   PropertyChangeReason)
 {
-    if (!property || property->id() != "name" || !EventBus::ip())
+    if (!property || property->id() != "name")
         return;
     int const index = SceneManager::ip() ? SceneManager::ip()->screenIndex(id()) : -1;
-    EventBus::ip()->raiseEventNow(
+    EventBus::RaiseNow(
         QSharedPointer<ScreenRenamedEvent>::create(id(), index, oldValue.toString()));
 }
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "events/IEventHandler.h"
@@ -148,8 +149,8 @@ public:
     // Does nothing; a concrete screen overrides it to follow global values.
     void handleEvent(QSharedPointer<Event> event) override;
 
-    // The view over the screen's model for the object editor. Property views are not built
-    // yet: until they are, this answers null.
+    // The view over the screen's model for the object editor. The host builds no property
+    // view for a screen: null.
     PropertyView *propertyView();
 
 private:

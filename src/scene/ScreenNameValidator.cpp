@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scene/ScreenNameValidator.h"
 
 #include "scene/SceneManager.h"

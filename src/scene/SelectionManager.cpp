@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scene/SelectionManager.h"
 
 #include "events/EventBus.h"
@@ -9,17 +10,8 @@
 
 namespace TES {
 
-namespace {
-
-void raise(QSharedPointer<Event> const &event)
-{
-    if (EventBus::ip())
-        EventBus::ip()->raiseEventNow(event);
-}
-
-} // namespace
-
-SelectionManager *SelectionManager::_instance = nullptr;
+template<>
+SelectionManager *Singleton<SelectionManager>::_instance = nullptr;
 
 SelectionManager::SelectionManager()
 {
@@ -36,21 +28,6 @@ SelectionManager::~SelectionManager()
     if (EventBus::ip())
         EventBus::ip()->removeHandler(this);
     _instance = nullptr;
-}
-
-SelectionManager &SelectionManager::i()
-{
-    return *_instance;
-}
-
-SelectionManager *SelectionManager::ip()
-{
-    return _instance;
-}
-
-void SelectionManager::destroy()
-{
-    delete _instance;
 }
 
 QUuid SelectionManager::current() const
@@ -165,7 +142,7 @@ void SelectionManager::deselectAll()
 
 void SelectionManager::refresh()
 {
-    raise(QSharedPointer<SelectRefreshEvent>::create());
+    EventBus::RaiseNow(QSharedPointer<SelectRefreshEvent>::create());
 }
 
 bool SelectionManager::getsEventsEnabled() const
@@ -229,7 +206,7 @@ void SelectionManager::_operationEnd()
     if (_operationCount > 0 || (_added.isEmpty() && _removed.isEmpty()))
         return;
     // Cleared only after the handlers have run: a change made inside one re-raises these.
-    raise(QSharedPointer<SelectionChangedEvent>::create(_added, _removed));
+    EventBus::RaiseNow(QSharedPointer<SelectionChangedEvent>::create(_added, _removed));
     _added.clear();
     _removed.clear();
 }

@@ -1,6 +1,8 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "events/IEventHandler.h"
+#include "services/Singleton.h"
 #include "tessera_export.h"
 
 #include <QList>
@@ -29,7 +31,7 @@ namespace TES {
 // Main thread only. Handlers of SelectionChangedEvent must not change the selection: the
 // lists of the operation just ended are cleared only after they return, so a change made
 // there raises the old entries again.
-class TES_EXPORT SelectionManager : public IEventHandler
+class TES_EXPORT SelectionManager : public IEventHandler, public Singleton<SelectionManager>
 {
 public:
     SelectionManager();
@@ -37,10 +39,6 @@ public:
 
     SelectionManager(SelectionManager const &) = delete;
     SelectionManager &operator=(SelectionManager const &) = delete;
-
-    static SelectionManager &i();
-    static SelectionManager *ip();
-    static void destroy();
 
     // The oldest selected id; the null id when nothing is selected.
     QUuid current() const;
@@ -88,8 +86,6 @@ public:
     // True: the selection outlives every EventBus::reset.
     bool persistent() const override;
 
-    static SelectionManager *_instance;
-
 private:
     void _operationStart();
     // Ends an operation; the outermost end raises what was added and removed, if anything.
@@ -110,5 +106,8 @@ private:
     // The members of _selected, so that tests of membership stay cheap on large selections.
     QSet<QUuid> _index;
 };
+
+template<>
+TES_EXPORT SelectionManager *Singleton<SelectionManager>::_instance;
 
 } // namespace TES

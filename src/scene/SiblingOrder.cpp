@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scene/SiblingOrder.h"
 
 namespace TES {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scene/TransformSceneObject.h"
 
 #include "properties/AbstractBooleanProperty.h"

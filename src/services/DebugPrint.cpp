@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "services/DebugPrint.h"
 
 #include <QEvent>

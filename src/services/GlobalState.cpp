@@ -1,11 +1,11 @@
+// SPDX-License-Identifier: MIT
 #include "services/GlobalState.h"
 
 #include "app/Core.h"
 #include "data/DataState.h"
-#include "data/ProjectArchive.h"
+#include "data/ProjectArchive_p.h"
 #include "events/EventBus.h"
-#include "events/GlobalStateChangedEvent.h"
-#include "events/GlobalStateDirtyChangedEvent.h"
+#include "events/GlobalStateEvents.h"
 #include "properties/BooleanProperty.h"
 #include "properties/IntegerProperty.h"
 #include "properties/Property.h"
@@ -21,17 +21,12 @@
 
 namespace TES {
 
-GlobalState *GlobalState::_instance = nullptr;
+template<>
+GlobalState *Singleton<GlobalState>::_instance = nullptr;
 
 namespace {
 
 QString const UserStateFileName = QStringLiteral("user_config.json");
-
-void raise(QSharedPointer<Event> const &event)
-{
-    if (EventBus::ip())
-        EventBus::ip()->raiseEventNow(event);
-}
 
 } // namespace
 
@@ -43,32 +38,34 @@ GlobalState::GlobalState()
     // own initial value counts as a change: a new GlobalState is dirty. Start-up, blank and
     // load all end with EVT_GLOBALSTATE_REQUEST_CLEAN, which lowers the flag again.
     using G = GlobalPropertyType;
-    createBooleanProperty(G::Session, 0, "DIRTY_DISABLED", false, false);
-    createBooleanProperty(G::Session, 1, "SNAP_ENABLED", true, false);
-    createBooleanProperty(G::Session, 2, "GRID_ENABLED", true, false);
-    createBooleanProperty(G::Session, 3, "CUT_ENABLED", false, false);
-    createBooleanProperty(G::Session, 4, "COPY_ENABLED", false, false);
-    createBooleanProperty(G::Session, 5, "PASTE_ENABLED", false, false);
-    createBooleanProperty(G::Session, 6, "UNDO_ENABLED", false, false);
-    createBooleanProperty(G::Session, 7, "REDO_ENABLED", false, false);
+    createBooleanProperty(G::Session, SessionDirtyDisabled, "DIRTY_DISABLED", false, false);
+    createBooleanProperty(G::Session, SessionSnapEnabled, "SNAP_ENABLED", true, false);
+    createBooleanProperty(G::Session, SessionGridEnabled, "GRID_ENABLED", true, false);
+    createBooleanProperty(G::Session, SessionCutEnabled, "CUT_ENABLED", false, false);
+    createBooleanProperty(G::Session, SessionCopyEnabled, "COPY_ENABLED", false, false);
+    createBooleanProperty(G::Session, SessionPasteEnabled, "PASTE_ENABLED", false, false);
+    createBooleanProperty(G::Session, SessionUndoEnabled, "UNDO_ENABLED", false, false);
+    createBooleanProperty(G::Session, SessionRedoEnabled, "REDO_ENABLED", false, false);
     // Session 8 and Project 7 are left free: callers read Project 7 and expect false unless
     // a plug-in creates it.
-    createStringProperty(G::Session, 9, "LAST_PROJECT_DIR", false);
+    createStringProperty(G::Session, SessionLastProjectDir, "LAST_PROJECT_DIR", false);
 
-    createBooleanProperty(G::Project, 0, "SNAP_TOGGLED", false, true);
-    createBooleanProperty(G::Project, 1, "GRID_TOGGLED", true, true);
-    createIntegerProperty(G::Project, 2, "GRID_X", 10, true);
-    createIntegerProperty(G::Project, 3, "GRID_Y", 10, true);
-    createIntegerProperty(G::Project, 4, "CANVAS_WIDTH", 400, true);
-    createIntegerProperty(G::Project, 5, "CANVAS_HEIGHT", 400, true);
-    createIntegerProperty(G::Project, 6, "ZOOM_LEVEL", 1, true);
-    createIntegerProperty(G::Project, 8, "SCREEN_WIDTH", 480, true);
-    createIntegerProperty(G::Project, 9, "SCREEN_HEIGHT", 272, true);
-    createIntegerProperty(G::Project, 10, "SCREEN_DESIGNER_WIDTH_PADDING", 100, true);
-    createIntegerProperty(G::Project, 11, "SCREEN_DESIGNER_HEIGHT_PADDING", 100, true);
+    createBooleanProperty(G::Project, ProjectSnapToggled, "SNAP_TOGGLED", false, true);
+    createBooleanProperty(G::Project, ProjectGridToggled, "GRID_TOGGLED", true, true);
+    createIntegerProperty(G::Project, ProjectGridX, "GRID_X", 10, true);
+    createIntegerProperty(G::Project, ProjectGridY, "GRID_Y", 10, true);
+    createIntegerProperty(G::Project, ProjectCanvasWidth, "CANVAS_WIDTH", 400, true);
+    createIntegerProperty(G::Project, ProjectCanvasHeight, "CANVAS_HEIGHT", 400, true);
+    createIntegerProperty(G::Project, ProjectZoomLevel, "ZOOM_LEVEL", 1, true);
+    createIntegerProperty(G::Project, ProjectScreenWidth, "SCREEN_WIDTH", 480, true);
+    createIntegerProperty(G::Project, ProjectScreenHeight, "SCREEN_HEIGHT", 272, true);
+    createIntegerProperty(G::Project, ProjectScreenDesignerWidthPadding,
+                          "SCREEN_DESIGNER_WIDTH_PADDING", 100, true);
+    createIntegerProperty(G::Project, ProjectScreenDesignerHeightPadding,
+                          "SCREEN_DESIGNER_HEIGHT_PADDING", 100, true);
 
-    createIntegerProperty(G::User, 0, "LOG_LEVEL", 0, true);
-    createIntegerProperty(G::User, 1, "GRID_COLOR", 0x86B898, true);
+    createIntegerProperty(G::User, UserLogLevel, "LOG_LEVEL", 0, true);
+    createIntegerProperty(G::User, UserGridColor, "GRID_COLOR", 0x86B898, true);
 
     // A value change counts whatever its group: with the bus on, even a Session value makes
     // the project dirty.
@@ -92,21 +89,6 @@ GlobalState::~GlobalState()
                                 LogLevel::Debug);
     if (EventBus::ip())
         EventBus::ip()->removeHandler(this);
-}
-
-GlobalState &GlobalState::i()
-{
-    return *_instance;
-}
-
-GlobalState *GlobalState::ip()
-{
-    return _instance;
-}
-
-void GlobalState::destroy()
-{
-    delete _instance;
 }
 
 bool GlobalState::createBooleanProperty(GlobalPropertyType type, int id, QString const &key,
@@ -186,7 +168,7 @@ void GlobalState::setDirty(bool dirty)
     if (_dirty == dirty)
         return;
     _dirty = dirty;
-    raise(QSharedPointer<GlobalStateDirtyChangedEvent>::create(dirty));
+    EventBus::RaiseNow(QSharedPointer<GlobalStateDirtyChangedEvent>::create(dirty));
 }
 
 bool GlobalState::addDirtyEvent(unsigned long long type)
@@ -358,8 +340,8 @@ bool GlobalState::_set(GlobalPropertyType type, int id, QVariant const &value)
     QVariant const oldValue = property->getValue();
     if (!property->setValue(value, PropertyChangeReason::ReasonInternal))
         return false;
-    raise(QSharedPointer<GlobalStateChangedEvent>::create(type, static_cast<unsigned int>(id),
-                                                          oldValue, value));
+    EventBus::RaiseNow(QSharedPointer<GlobalStateChangedEvent>::create(
+        type, static_cast<unsigned int>(id), oldValue, value));
     return true;
 }
 

@@ -1,8 +1,10 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "events/IEventHandler.h"
 #include "properties/PropertyModel.h"
 #include "services/GlobalPropertyType.h"
+#include "services/Singleton.h"
 #include "tessera_export.h"
 
 #include <QString>
@@ -13,6 +15,39 @@
 namespace TES {
 
 class DataState;
+
+// The ids of the values the host creates, one enumeration per group. The bare numbers name
+// the same values and keep working.
+enum SessionValueId : int {
+    SessionDirtyDisabled = 0,
+    SessionSnapEnabled = 1,
+    SessionGridEnabled = 2,
+    SessionCutEnabled = 3,
+    SessionCopyEnabled = 4,
+    SessionPasteEnabled = 5,
+    SessionUndoEnabled = 6,
+    SessionRedoEnabled = 7,
+    SessionLastProjectDir = 9,
+};
+
+enum ProjectValueId : int {
+    ProjectSnapToggled = 0,
+    ProjectGridToggled = 1,
+    ProjectGridX = 2,
+    ProjectGridY = 3,
+    ProjectCanvasWidth = 4,
+    ProjectCanvasHeight = 5,
+    ProjectZoomLevel = 6,
+    ProjectScreenWidth = 8,
+    ProjectScreenHeight = 9,
+    ProjectScreenDesignerWidthPadding = 10,
+    ProjectScreenDesignerHeightPadding = 11,
+};
+
+enum UserValueId : int {
+    UserLogLevel = 0,
+    UserGridColor = 1,
+};
 
 // The application's table of small named values and the project's dirty flag. A value is
 // addressed by its group and a small integer id; behind the id stands a property, keyed by
@@ -26,7 +61,7 @@ class DataState;
 // of types into setDirty(true); tracked properties anywhere set it too, from
 // Property::setValue. Core creates the instance right after the EventBus and destroys it
 // right after the bus.
-class TES_EXPORT GlobalState : public IEventHandler
+class TES_EXPORT GlobalState : public IEventHandler, public Singleton<GlobalState>
 {
 public:
     GlobalState();
@@ -34,10 +69,6 @@ public:
 
     GlobalState(GlobalState const &) = delete;
     GlobalState &operator=(GlobalState const &) = delete;
-
-    static GlobalState &i();
-    static GlobalState *ip();
-    static void destroy();
 
     // Create a value of the group. False, with nothing changed, when the id exists in the
     // group (or the key in its model). A plug-in adds its own values this way; a tracked value
@@ -96,8 +127,6 @@ public:
     void handleEvent(QSharedPointer<Event> event) override;
     bool persistent() const override;
 
-    static GlobalState *_instance;
-
 private:
     using KeyMap = std::map<int, QString>;
 
@@ -125,5 +154,8 @@ private:
     std::set<quint32> _dirtyEvents;
     bool _dirty = false;
 };
+
+template<>
+TES_EXPORT GlobalState *Singleton<GlobalState>::_instance;
 
 } // namespace TES

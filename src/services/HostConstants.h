@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // Names the host and plug-ins share: the mime texts of drags between docks and the paths of

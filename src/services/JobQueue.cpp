@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "services/JobQueue.h"
 
 #include "services/AsynchronousJob.h"

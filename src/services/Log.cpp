@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "services/Log.h"
 
 #include "events/EventBus.h"
@@ -11,7 +12,8 @@
 
 namespace TES {
 
-Log *Log::_instance = nullptr;
+template<>
+Log *Singleton<Log>::_instance = nullptr;
 
 Log::Log(QString const &fileName, bool useBuffering) : _useBuffering(useBuffering)
 {
@@ -21,9 +23,9 @@ Log::Log(QString const &fileName, bool useBuffering) : _useBuffering(useBufferin
 
     // The user's LOG_LEVEL preference (User value 0). It is read once, here: the user file is
     // loaded later in the start-up, and only a change of the value moves the level after that.
-    _level = GlobalState::ip()
-                 ? static_cast<LogLevel>(GlobalState::ip()->getInt(GlobalPropertyType::User, 0))
-                 : LogLevel::User;
+    _level = GlobalState::ip() ? static_cast<LogLevel>(
+                 GlobalState::ip()->getInt(GlobalPropertyType::User, UserLogLevel))
+                               : LogLevel::User;
 
     writeMessage("Initializing Log System", "Log", LogSeverity::Info, LogLevel::Debug);
     writeMessage("Opening log file: " + fileName, "Log", LogSeverity::Info, LogLevel::Debug);
@@ -52,21 +54,6 @@ QString Log::SeverityWord(LogSeverity severity)
         return QStringLiteral("Error");
     }
     return QString();
-}
-
-Log &Log::i()
-{
-    return *_instance;
-}
-
-Log *Log::ip()
-{
-    return _instance;
-}
-
-void Log::destroy()
-{
-    delete _instance;
 }
 
 void Log::writeMessage(QString const &message, QString const &source, LogSeverity severity,

@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "services/ILogListener.h"
 #include "services/LogMessage.h"
+#include "services/Singleton.h"
 #include "tessera_export.h"
 
 #include <QFile>
@@ -17,17 +19,13 @@ namespace TES {
 //
 // Core creates the Log last of the services and destroys it last; code that may run after
 // that tests Log::ip() first.
-class TES_EXPORT Log : public QObject
+class TES_EXPORT Log : public QObject, public Singleton<Log>
 {
     Q_OBJECT
 
 public:
     Log(QString const &fileName, bool useBuffering);
     ~Log() override;
-
-    static Log &i();
-    static Log *ip();
-    static void destroy();
 
     void writeMessage(QString const &message, QString const &source, LogSeverity severity,
                       LogLevel level);
@@ -47,8 +45,6 @@ public:
 
     bool event(QEvent *event) override;
 
-    static Log *_instance;
-
 private slots:
     void _flushLogFile();
 
@@ -60,5 +56,8 @@ private:
     ILogListener *_listener = nullptr;
     bool _flushScheduled = false;
 };
+
+template<>
+TES_EXPORT Log *Singleton<Log>::_instance;
 
 } // namespace TES

@@ -1,6 +1,8 @@
+// SPDX-License-Identifier: MIT
 #include "services/LogStateListener.h"
 
-#include "events/GlobalStateChangedEvent.h"
+#include "events/GlobalStateEvents.h"
+#include "services/GlobalState.h"
 #include "services/Log.h"
 
 namespace TES {
@@ -31,7 +33,7 @@ void LogStateListener::handleEvent(QSharedPointer<Event> event)
         return;
     auto const *changed = static_cast<GlobalStateChangedEvent const *>(event.data());
     // The id alone decides, whatever the group: id 0 of Project and Session count too.
-    if (changed->id() == 0 && Log::ip())
+    if (changed->id() == UserLogLevel && Log::ip())
         Log::ip()->setLevel(static_cast<LogLevel>(changed->newValue().toInt()));
 }
 

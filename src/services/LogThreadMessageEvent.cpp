@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "services/LogThreadMessageEvent.h"
 
 namespace TES {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "services/PluginManager.h"
 
 #include "services/Log.h"
@@ -15,7 +16,8 @@
 
 namespace TES {
 
-PluginManager *PluginManager::_instance = nullptr;
+template<>
+PluginManager *Singleton<PluginManager>::_instance = nullptr;
 
 namespace {
 
@@ -96,21 +98,6 @@ PluginManager::PluginManager()
 PluginManager::~PluginManager()
 {
     _instance = nullptr;
-}
-
-PluginManager &PluginManager::i()
-{
-    return *_instance;
-}
-
-PluginManager *PluginManager::ip()
-{
-    return _instance;
-}
-
-void PluginManager::destroy()
-{
-    delete _instance;
 }
 
 std::vector<PluginDescriptor> PluginManager::availablePlugins() const

@@ -1,6 +1,8 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "services/PluginDescriptor.h"
+#include "services/Singleton.h"
 #include "tessera_export.h"
 
 #include <vector>
@@ -17,16 +19,12 @@ namespace TES {
 //
 // Core creates the manager in its start sequence and never deletes it; the manager receives
 // no events. Main thread only.
-class TES_EXPORT PluginManager
+class TES_EXPORT PluginManager : public Singleton<PluginManager>
 {
 public:
     PluginManager();
     // Does not unload the plug-in.
     ~PluginManager();
-
-    static PluginManager &i();
-    static PluginManager *ip();
-    static void destroy();
 
     // Scans the sub-directories of "plugins" beside the executable, or, when that folder does
     // not exist, of "./plugins" in the working directory. A library lying directly in
@@ -44,10 +42,11 @@ public:
     // The loaded plug-in, or an empty descriptor.
     PluginDescriptor currentPlugin() const;
 
-    static PluginManager *_instance;
-
 private:
     PluginDescriptor _current;
 };
+
+template<>
+TES_EXPORT PluginManager *Singleton<PluginManager>::_instance;
 
 } // namespace TES

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "services/ProgressMaxSetEvent.h"
 
 namespace TES {

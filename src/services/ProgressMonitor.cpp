@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "services/ProgressMonitor.h"
 
 #include "services/ProgressMaxSetEvent.h"

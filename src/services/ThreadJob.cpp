@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "services/ThreadJob.h"
 
 namespace TES {

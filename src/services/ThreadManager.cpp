@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "services/ThreadManager.h"
 
 #include "services/Log.h"
@@ -8,7 +9,8 @@
 
 namespace TES {
 
-ThreadManager *ThreadManager::_instance = nullptr;
+template<>
+ThreadManager *Singleton<ThreadManager>::_instance = nullptr;
 
 ThreadManager::ThreadManager()
 {
@@ -24,21 +26,6 @@ ThreadManager::~ThreadManager()
         Log::ip()->writeMessage("Destroying Thread Manager", "Data", LogSeverity::Info,
                                 LogLevel::Debug);
     _instance = nullptr;
-}
-
-ThreadManager &ThreadManager::i()
-{
-    return *_instance;
-}
-
-ThreadManager *ThreadManager::ip()
-{
-    return _instance;
-}
-
-void ThreadManager::destroy()
-{
-    delete _instance;
 }
 
 bool ThreadManager::runJob(ThreadJob *job, ThreadListener *listener)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "services/Utils.h"
 
 #include "scene/Object.h"

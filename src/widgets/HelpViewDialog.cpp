@@ -1,4 +1,7 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/HelpViewDialog.h"
+
+#include "services/HostConstants.h"
 
 #include <QDialogButtonBox>
 #include <QIcon>
@@ -13,7 +16,7 @@ HelpViewDialog::HelpViewDialog() : HelpViewDialog(QString()) {}
 HelpViewDialog::HelpViewDialog(const QString &text)
 {
     setWindowTitle(QStringLiteral("Help Viewer"));
-    setWindowIcon(QIcon(QStringLiteral(":/resources/tessera_icon_32x32.png")));
+    setWindowIcon(QIcon(HostConstants::IconApplication));
     setFixedSize(785, 606);
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
 

@@ -1,4 +1,7 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/PluginDialog.h"
+
+#include "services/HostConstants.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
@@ -14,7 +17,7 @@ PluginDialog::PluginDialog(std::vector<PluginDescriptor> plugins)
     : QDialog(nullptr), _plugins(std::move(plugins))
 {
     setWindowTitle("Framework Selection");
-    setWindowIcon(QIcon(":/resources/tessera_icon_32x32.png"));
+    setWindowIcon(QIcon(HostConstants::IconApplication));
     setFixedSize(780, 480);
     setWindowFlags(windowFlags() & ~Qt::WindowContextHelpButtonHint);
 

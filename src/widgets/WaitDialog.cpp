@@ -1,6 +1,8 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/WaitDialog.h"
 
 #include "services/AsynchronousJob.h"
+#include "services/HostConstants.h"
 #include "services/ProgressMaxSetEvent.h"
 #include "services/ProgressTextEvent.h"
 #include "windows/TesseraWindow.h"
@@ -22,7 +24,7 @@ WaitDialog::WaitDialog(const QString &title, unsigned int width, unsigned int he
     : QDialog(TesseraWindow::ip()), _monitor(this), _queue(this)
 {
     setWindowTitle(title);
-    setWindowIcon(QIcon(QStringLiteral(":/resources/tessera_icon_32x32.png")));
+    setWindowIcon(QIcon(HostConstants::IconApplication));
     setFixedSize(static_cast<int>(width), static_cast<int>(height));
     setSizeGripEnabled(false);
     setWindowModality(Qt::WindowModal);

@@ -1,5 +1,7 @@
+// SPDX-License-Identifier: MIT
 #include "windows/ConsoleWindow.h"
 
+#include "services/HostConstants.h"
 #include "services/Log.h"
 
 #include <QAction>
@@ -25,7 +27,7 @@ ConsoleWindow::ConsoleWindow()
 
     auto *clear = new QAction(this);
     clear->setToolTip("Clear");
-    clear->setIcon(QIcon(":/resources/delete_icon2.png"));
+    clear->setIcon(QIcon(HostConstants::IconDelete));
     _toolBar->addAction(clear);
     connect(clear, &QAction::triggered, this, &ConsoleWindow::_clear);
 

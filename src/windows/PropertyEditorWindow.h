@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "tessera_export.h"
@@ -7,8 +8,7 @@
 namespace TES {
 
 // The content of the "Object Editor" dock: the property view of the selection or of the
-// active screen. For now an empty frame that holds the dock's place; the views come with the
-// property system.
+// active screen. It is an empty frame that holds the dock's place.
 //
 // Created by TesseraWindow, owned by its dock.
 class TES_EXPORT PropertyEditorWindow : public QWidget

@@ -1,9 +1,10 @@
+// SPDX-License-Identifier: MIT
 #include "windows/ScreenTree.h"
 
 #include "events/EventBus.h"
 #include "events/EventTypes.h"
 #include "events/SceneChangeEvent.h"
-#include "events/ScreenRootEvent.h"
+#include "events/ScreenEvents.h"
 #include "events/SelectionChangedEvent.h"
 #include "properties/AbstractBooleanProperty.h"
 #include "scene/SceneManager.h"

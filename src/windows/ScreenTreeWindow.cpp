@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "windows/ScreenTreeWindow.h"
 
 #include "events/EventBus.h"

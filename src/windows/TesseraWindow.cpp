@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "windows/TesseraWindow.h"
 
 #include "app/Core.h"
@@ -5,7 +6,9 @@
 #include "designer/ScreenDesignerWindow.h"
 #include "events/EventBus.h"
 #include "services/GlobalState.h"
+#include "services/HostConstants.h"
 #include "services/Log.h"
+#include "services/Utils.h"
 #include "windows/ConsoleWindow.h"
 #include "windows/PropertyEditorWindow.h"
 #include "windows/ScreenManagerWindow.h"
@@ -16,7 +19,6 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QDockWidget>
-#include <QFile>
 #include <QGuiApplication>
 #include <QMenu>
 #include <QMenuBar>
@@ -30,22 +32,6 @@ TesseraWindow *TesseraWindow::_instance = nullptr;
 
 namespace {
 
-// Utils::ReadFile and Utils::WriteFile take these over once the utilities stand.
-QByteArray readFile(QString const &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return QByteArray();
-    return file.readAll();
-}
-
-void writeFile(QString const &path, QByteArray const &data)
-{
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly))
-        file.write(data);
-}
-
 // The files lie in the plug-in's data directory; empty when that directory is missing, and
 // then there is nothing to read or write (the bare file name would land in the root).
 QString stateFilePath(QString const &name)
@@ -58,8 +44,7 @@ QString stateFilePath(QString const &name)
 
 void raiseGlobalStateEvent(unsigned long long type)
 {
-    if (EventBus::ip())
-        EventBus::ip()->raiseEventNow(QSharedPointer<Event>::create(type, EVM_GLOBALSTATE));
+    EventBus::RaiseNow(QSharedPointer<Event>::create(type, EVM_GLOBALSTATE));
 }
 
 QDockWidget *makeDock(QMainWindow *window, QString const &title, QString const &objectName,
@@ -81,7 +66,7 @@ TesseraWindow::TesseraWindow(QWidget *parent) : QMainWindow(parent)
     _baseTitle = "Corvane Graphics Tessera";
     resize(1400, 800);
     setWindowTitle(_baseTitle);
-    setWindowIcon(QIcon(":/resources/tessera_icon_32x32.png"));
+    setWindowIcon(QIcon(HostConstants::IconApplication));
 
     setCentralWidget(new ScreenDesignerWindow(this));
     // The screen overlay joins here, once the design surface stands: before any dock.
@@ -212,11 +197,11 @@ void TesseraWindow::_createToolBar()
         connect(action, &QAction::triggered, this, slot);
         _toolBar->addAction(action);
     };
-    addAction("New Design", "Create New Design", ":/resources/new_icon.png",
+    addAction("New Design", "Create New Design", HostConstants::IconNew,
               &TesseraWindow::_file_newTriggered);
-    addAction("Open Design", "Open Existing Design", ":/resources/open_icon.png",
+    addAction("Open Design", "Open Existing Design", HostConstants::IconOpen,
               &TesseraWindow::_file_openTriggered);
-    addAction("Save Design", "Save Design", ":/resources/save_icon24.png",
+    addAction("Save Design", "Save Design", HostConstants::IconSave,
               &TesseraWindow::_file_saveTriggered);
 }
 
@@ -334,9 +319,9 @@ void TesseraWindow::saveState()
     QString const geometryPath = stateFilePath("mainwindow.geom");
     // A failed write goes unreported: the next run starts from the default layout.
     if (!statePath.isEmpty())
-        writeFile(statePath, state);
+        Utils::WriteFile(statePath, state);
     if (!geometryPath.isEmpty())
-        writeFile(geometryPath, geometry);
+        Utils::WriteFile(geometryPath, geometry);
     raiseGlobalStateEvent(EVT_GLOBALSTATE_SAVE_UI);
 }
 
@@ -344,8 +329,9 @@ void TesseraWindow::loadState()
 {
     QString const statePath = stateFilePath("mainwindow.state");
     QString const geometryPath = stateFilePath("mainwindow.geom");
-    QByteArray const state = statePath.isEmpty() ? QByteArray() : readFile(statePath);
-    QByteArray const geometry = geometryPath.isEmpty() ? QByteArray() : readFile(geometryPath);
+    QByteArray const state = statePath.isEmpty() ? QByteArray() : Utils::ReadFile(statePath);
+    QByteArray const geometry
+        = geometryPath.isEmpty() ? QByteArray() : Utils::ReadFile(geometryPath);
     // Either refuses what it cannot read and leaves the layout of reset() in place.
     restoreState(state, 1);
     restoreGeometry(geometry);

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "windows/ToolBoxWindow.h"
 
 namespace TES {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include "tessera_export.h"
@@ -7,7 +8,7 @@
 namespace TES {
 
 // The content of the "Tool Box" dock: the categories of object types that a plug-in offers.
-// For now an empty frame that holds the dock's place; the items come with the tools.
+// It is an empty frame that holds the dock's place.
 //
 // Created by TesseraWindow, owned by its dock.
 class TES_EXPORT ToolBoxWindow : public QWidget

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/Core.h"
 #include "app/CoreLifecycleListener.h"
 #include "events/EventBus.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/Core.h"
 #include "data/DataManager.h"
 #include "data/DataState.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/IKeyValueMapListener.h"
 #include "data/KeyValueMap.h"
 

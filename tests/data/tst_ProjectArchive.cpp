@@ -1,5 +1,6 @@
+// SPDX-License-Identifier: MIT
 #include "data/DataState.h"
-#include "data/ProjectArchive.h"
+#include "data/ProjectArchive_p.h"
 #include "services/GlobalState.h"
 
 #include <QDir>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "events/EventBus.h"
 #include "events/EventLock.h"
 #include "support/RecordingHandler.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "properties/IntegerProperty.h"
 #include "properties/PropertyCategory.h"
 #include "properties/PropertyGroup.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "properties/IPropertyFactory.h"
 #include "properties/IntegerProperty.h"
 #include "properties/PropertyCategory.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "properties/AbstractFloatProperty.h"
 #include "properties/BooleanProperty.h"
 #include "properties/ButtonProperty.h"

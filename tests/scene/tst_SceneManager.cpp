@@ -1,9 +1,8 @@
+// SPDX-License-Identifier: MIT
 #include "data/DataState.h"
 #include "events/EventBus.h"
 #include "events/SceneObjectAboutToDeleteEvent.h"
-#include "events/ScreenRenamedEvent.h"
-#include "events/ScreenVisibilityChangedEvent.h"
-#include "events/ScreenVisibilityChangingEvent.h"
+#include "events/ScreenEvents.h"
 #include "scene/SceneManager.h"
 #include "scene/SceneObjectFactory.h"
 #include "scene/SceneObjectInfo.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "events/EventBus.h"
 #include "events/SceneChangeEvent.h"
 #include "scene/SceneManager.h"

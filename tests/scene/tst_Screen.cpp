@@ -1,7 +1,7 @@
+// SPDX-License-Identifier: MIT
 #include "events/EventBus.h"
 #include "events/SceneObjectAboutToDeleteEvent.h"
-#include "events/ScreenRenamedEvent.h"
-#include "events/ScreenRootEvent.h"
+#include "events/ScreenEvents.h"
 #include "properties/AbstractTextProperty.h"
 #include "properties/Property.h"
 #include "properties/PropertyCategory.h"

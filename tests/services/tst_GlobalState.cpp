@@ -1,8 +1,8 @@
+// SPDX-License-Identifier: MIT
 #include "app/Core.h"
 #include "data/DataState.h"
 #include "events/EventBus.h"
-#include "events/GlobalStateChangedEvent.h"
-#include "events/GlobalStateDirtyChangedEvent.h"
+#include "events/GlobalStateEvents.h"
 #include "properties/IntegerProperty.h"
 #include "scene/SceneManager.h"
 #include "scene/SelectionManager.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "services/Log.h"
 #include "services/PluginManager.h"
 #include "support/FixturePlugins.h"

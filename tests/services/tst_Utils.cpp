@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "scene/SceneManager.h"
 #include "services/Constant.h"
 #include "services/Utils.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "support/LogRecorder.h"
 
 #include "services/Log.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "support/RecordingPropertyListener.h"
 
 #include "properties/Property.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "support/SceneSnapshot.h"
 
 #include "scene/SceneManager.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "support/TestContainer.h"
 
 #include "events/SceneChangeEvent.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "support/TestContainerFactory.h"
 
 #include "support/TestContainer.h"

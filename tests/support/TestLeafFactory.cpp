@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "support/TestLeafFactory.h"
 
 #include "support/TestLeaf.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "support/TestScene.h"
 
 #include "scene/SceneManager.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "support/TestSceneObject.h"
 
 #include "events/EventBus.h"

@@ -1,7 +1,8 @@
+// SPDX-License-Identifier: MIT
 #include "support/TestScreen.h"
 
 #include "events/EventBus.h"
-#include "events/ScreenRootEvent.h"
+#include "events/ScreenEvents.h"
 #include "scene/SceneManager.h"
 #include "scene/TransformSceneObject.h"
 #include "services/Utils.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "support/TestScreenFactory.h"
 
 #include "support/TestScreen.h"

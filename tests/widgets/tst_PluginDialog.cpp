@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/PluginDialog.h"
 
 #include <QDialogButtonBox>

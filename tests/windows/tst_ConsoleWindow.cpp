@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "events/EventBus.h"
 #include "services/Log.h"
 #include "windows/ConsoleWindow.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "windows/ScreenManagerWindow.h"
 
 #include <QLabel>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "events/EventBus.h"
 #include "properties/AbstractBooleanProperty.h"
 #include "scene/SceneManager.h"

@@ -1,7 +1,8 @@
+// SPDX-License-Identifier: MIT
 #include "app/Core.h"
 #include "designer/ScreenDesignerWindow.h"
 #include "events/EventBus.h"
-#include "events/GlobalStateDirtyChangedEvent.h"
+#include "events/GlobalStateEvents.h"
 #include "services/GlobalState.h"
 #include "services/Log.h"
 #include "support/ExitLoop.h"

@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#include "widgets/PieChartListener.h"
+
+namespace TES {
+
+PieChartListener::~PieChartListener() = default;
+
+} // namespace TES
