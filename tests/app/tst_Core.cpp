@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/Core.h"
 #include "app/CoreLifecycleListener.h"
+#include "designer/SelectionOverlay.h"
 #include "events/EventBus.h"
 #include "scene/SceneManager.h"
 #include "scene/SelectionManager.h"
@@ -11,6 +12,7 @@
 #include "support/RecordingHandler.h"
 #include "support/Services.h"
 #include "support/TestScene.h"
+#include "tools/ToolManager.h"
 #include "widgets/PluginDialog.h"
 #include "windows/TesseraWindow.h"
 
@@ -202,8 +204,10 @@ void tst_Core::startAndStop()
     QVERIFY(listener.servicesAliveAtDestroy);
     QVERIFY(!EventBus::ip());
     QVERIFY(!Log::ip());
-    // The selection lives on with the process, as the scene does.
-    QVERIFY(SelectionManager::ip());
+    // The selection and the tools live on with the process, as the scene does, and the
+    // selection overlay with the window.
+    QVERIFY(SelectionManager::ip() && ToolManager::ip());
+    QVERIFY(SelectionOverlay::ip());
     // Hidden, not deleted, with its arrangement saved.
     QCOMPARE(TesseraWindow::ip(), window);
     QVERIFY(!window->isVisible());

@@ -9,6 +9,7 @@
 #include "services/Log.h"
 #include "services/PluginManager.h"
 #include "support/TestScene.h"
+#include "tools/ToolManager.h"
 #include "windows/TesseraWindow.h"
 
 namespace TES::Test {
@@ -61,6 +62,7 @@ void Services::dropCoreLeftovers()
     PluginManager::destroy();
     SceneManager::destroy();
     SelectionManager::destroy();
+    ToolManager::destroy();
 }
 
 } // namespace TES::Test

@@ -30,7 +30,8 @@ public:
     Services &operator=(Services const &) = delete;
 
     // Deletes what Core::destroy leaves for the process to end (the main window, the plug-in,
-    // scene and selection managers), so that the next start in this process begins afresh.
+    // scene, selection and tool managers), so that the next start in this process begins
+    // afresh.
     static void dropCoreLeftovers();
 
 private:

@@ -9,6 +9,8 @@
 #include "support/TestContainer.h"
 
 #include <QJsonObject>
+#include <QPainter>
+#include <QPixmap>
 
 namespace TES::Test {
 
@@ -26,6 +28,28 @@ TestSceneObject::~TestSceneObject()
     auto parent = SceneManager::ip()->getObject(_parent).toStrongRef().dynamicCast<TestContainer>();
     if (parent)
         parent->_children.removeAll(id());
+}
+
+QIcon TestSceneObject::icon()
+{
+    bool const container = factoryType() == TestContainer::Type();
+    static QIcon swatches[2];
+    QIcon &icon = swatches[container ? 0 : 1];
+    if (icon.isNull()) {
+        QPixmap pixmap(26, 26);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(Qt::black, 1.5));
+        painter.setBrush(container ? QColor(90, 140, 220) : QColor(110, 190, 90));
+        if (container)
+            painter.drawRect(QRectF(2.5, 5.5, 21, 15));
+        else
+            painter.drawEllipse(QRectF(4.5, 4.5, 17, 17));
+        painter.end();
+        icon = QIcon(pixmap);
+    }
+    return icon;
 }
 
 QUuid TestSceneObject::parent() const

@@ -35,6 +35,8 @@ public:
     // The type name under which the object's factory is registered.
     virtual QString factoryType() const = 0;
 
+    // A swatch of its own for each kind: a blue frame for a container, a green disc for a leaf.
+    QIcon icon() override;
     QUuid parent() const override;
     QRect getRectangle() override;
     void setRectangle(QRect const &rect) override;
