@@ -3,12 +3,14 @@
 
 #include "app/CoreLifecycleListener.h"
 #include "data/DataManager.h"
+#include "designer/SelectionOverlay.h"
 #include "events/EventBus.h"
 #include "scene/SceneManager.h"
 #include "scene/SelectionManager.h"
 #include "services/GlobalState.h"
 #include "services/Log.h"
 #include "services/PluginManager.h"
+#include "tools/ToolManager.h"
 #include "widgets/PluginDialog.h"
 #include "windows/TesseraWindow.h"
 
@@ -92,6 +94,7 @@ bool Core::initialize(CommandLineParser::ArgumentMap const &args)
     new DataManager();
     new SceneManager();
     new SelectionManager();
+    new ToolManager();
     // The Log comes last of the services, since its constructor reads the user's log level.
     new Log("tessera.log", true);
 
@@ -99,7 +102,8 @@ bool Core::initialize(CommandLineParser::ArgumentMap const &args)
     _createApplicationDirectory();
 
     _window = new TesseraWindow(nullptr);
-    // The selection overlay joins here, once the design surface stands.
+    // Once the design surface stands; it lives and dies with the window.
+    new SelectionOverlay(_window);
 
     if (!_choosePlugin())
         return false;
@@ -143,8 +147,8 @@ void Core::destroy()
     if (PluginManager::ip())
         PluginManager::ip()->unloadPlugin();
 
-    // The others log as they go: the Log dies last. The scene and selection managers live on
-    // with the process.
+    // The others log as they go: the Log dies last. The scene, selection and tool managers live
+    // on with the process.
     EventBus::destroy();
     GlobalState::destroy();
     DataManager::destroy();

@@ -4,6 +4,7 @@
 #include "app/Core.h"
 #include "data/DataManager.h"
 #include "designer/ScreenDesignerWindow.h"
+#include "designer/ScreenOverlay.h"
 #include "events/EventBus.h"
 #include "services/GlobalState.h"
 #include "services/HostConstants.h"
@@ -69,7 +70,8 @@ TesseraWindow::TesseraWindow(QWidget *parent) : QMainWindow(parent)
     setWindowIcon(QIcon(HostConstants::IconApplication));
 
     setCentralWidget(new ScreenDesignerWindow(this));
-    // The screen overlay joins here, once the design surface stands: before any dock.
+    // Once the design surface stands, before any dock; it dies with the window.
+    new ScreenOverlay(this);
 
     _createDocks();
     _createMenus();

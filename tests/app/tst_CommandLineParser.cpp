@@ -20,7 +20,6 @@ class tst_CommandLineParser : public QObject
 private slots:
     void parse_data();
     void parse();
-    void accessors();
     void configFileStaysEmpty();
 };
 
@@ -67,17 +66,6 @@ void tst_CommandLineParser::parse()
         actual.append({entry.first, entry.second});
     std::sort(expected.begin(), expected.end());
     QCOMPARE(actual, expected);
-}
-
-void tst_CommandLineParser::accessors()
-{
-    CommandLineParser::ArgumentMap map;
-    map.emplace("level", "3");
-    QVERIFY(CommandLineParser::Contains(map, "level"));
-    QVERIFY(!CommandLineParser::Contains(map, "file"));
-    QCOMPARE(CommandLineParser::GetString(map, "level"), QString("3"));
-    QVERIFY_EXCEPTION_THROWN(CommandLineParser::GetString(map, "file"), std::out_of_range);
-    QCOMPARE(CommandLineParser::Parse(0, nullptr).size(), size_t(0));
 }
 
 void tst_CommandLineParser::configFileStaysEmpty()

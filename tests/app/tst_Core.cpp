@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/Core.h"
 #include "app/CoreLifecycleListener.h"
+#include "designer/SelectionOverlay.h"
 #include "events/EventBus.h"
 #include "scene/SceneManager.h"
 #include "scene/SelectionManager.h"
@@ -9,7 +10,9 @@
 #include "support/FixturePlugins.h"
 #include "support/ModalAnswerer.h"
 #include "support/RecordingHandler.h"
+#include "support/Services.h"
 #include "support/TestScene.h"
+#include "tools/ToolManager.h"
 #include "widgets/PluginDialog.h"
 #include "windows/TesseraWindow.h"
 
@@ -32,6 +35,7 @@ using namespace TES;
 using TES::Test::FixturePlugins;
 using TES::Test::ModalAnswerer;
 using TES::Test::RecordingHandler;
+using TES::Test::Services;
 using TES::Test::TestScene;
 
 namespace {
@@ -72,16 +76,6 @@ QString captureStdout(Fn fn)
     return QString::fromLocal8Bit(file.readAll());
 }
 
-// Deletes what Core leaves for the process to end, so that the next start in this process
-// begins afresh.
-void dropLeftovers()
-{
-    delete TesseraWindow::ip();
-    PluginManager::destroy();
-    SceneManager::destroy();
-    SelectionManager::destroy();
-}
-
 // A started Core for one test; stops it at the end.
 class Started
 {
@@ -93,7 +87,7 @@ public:
     ~Started()
     {
         core.destroy();
-        dropLeftovers();
+        Services::dropCoreLeftovers();
     }
     Core core;
     QString printed;
@@ -210,14 +204,16 @@ void tst_Core::startAndStop()
     QVERIFY(listener.servicesAliveAtDestroy);
     QVERIFY(!EventBus::ip());
     QVERIFY(!Log::ip());
-    // The selection lives on with the process, as the scene does.
-    QVERIFY(SelectionManager::ip());
+    // The selection and the tools live on with the process, as the scene does, and the
+    // selection overlay with the window.
+    QVERIFY(SelectionManager::ip() && ToolManager::ip());
+    QVERIFY(SelectionOverlay::ip());
     // Hidden, not deleted, with its arrangement saved.
     QCOMPARE(TesseraWindow::ip(), window);
     QVERIFY(!window->isVisible());
     QVERIFY(QFile::exists(base + "/.tes/mainwindow.state"));
     QVERIFY(QFile::exists(base + "/.tes/mainwindow.geom"));
-    dropLeftovers();
+    Services::dropCoreLeftovers();
     QCOMPARE(logLines(), QStringList({"[Core]<Info> : Initialization complete."}));
 }
 
@@ -235,9 +231,6 @@ void tst_Core::windowStateAcrossRuns()
     TesseraWindow &window = TesseraWindow::i();
     QCOMPARE(window.dockWidgetArea(window.consoleDock()), Qt::TopDockWidgetArea);
     QCOMPARE(window.dockWidgetArea(window.propertyEditorDock()), Qt::LeftDockWidgetArea);
-    QCOMPARE(window.dockWidgetArea(window.toolBoxDock()), Qt::RightDockWidgetArea);
-    window.resetState();
-    QCOMPARE(window.dockWidgetArea(window.consoleDock()), Qt::BottomDockWidgetArea);
 }
 
 void tst_Core::newDesignAsks()
@@ -389,7 +382,7 @@ void tst_Core::refusedChoiceEndsTheStart()
     QVERIFY(QFile::exists(configBase() + "/.tes/mainwindow.state"));
     QVERIFY(QFile::exists(configBase() + "/.tes/user_config.json"));
     QVERIFY(!logLines().join('\n').contains("Initialization complete."));
-    dropLeftovers();
+    Services::dropCoreLeftovers();
 }
 
 QTEST_MAIN(tst_Core)

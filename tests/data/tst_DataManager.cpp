@@ -15,6 +15,7 @@
 #include "support/LogRecorder.h"
 #include "support/RecordingHandler.h"
 #include "support/SceneSnapshot.h"
+#include "support/Services.h"
 #include "support/TestScene.h"
 #include "widgets/WaitDialog.h"
 
@@ -29,6 +30,7 @@ using namespace TES;
 using TES::Test::LogRecorder;
 using TES::Test::RecordingHandler;
 using TES::Test::SceneSnapshot;
+using TES::Test::Services;
 using TES::Test::TestScene;
 
 namespace {
@@ -205,6 +207,7 @@ private slots:
 private:
     void saveFirst(QString const &path);
 
+    std::optional<Services> _services;
     std::unique_ptr<Core> _core;
     std::unique_ptr<LogRecorder> _log;
     std::unique_ptr<WaitDialogWatcher> _dialogs;
@@ -213,19 +216,15 @@ private:
 
 void tst_DataManager::init()
 {
-    new EventBus();
-    new GlobalState();
-    new DataManager();
-    new SceneManager();
-    QVERIFY(TestScene::registerFactories());
-    new Log("tessera.log", true);
+    _services.emplace(Services::Bus | Services::State | Services::Data | Services::Scene
+                          | Services::Logging,
+                      false);
     // Not started: it is there for the reset that a load and a blank call.
     _core = std::make_unique<Core>();
     _log = std::make_unique<LogRecorder>();
     _log->attach();
     _dialogs = std::make_unique<WaitDialogWatcher>();
     EventBus::i().setEventsEnabled(true);
-    GlobalState::i().setDirty(false);
     _interface = Interface();
     QDir("projects").removeRecursively(); // what an aborted run left
     QDir().mkpath("projects");
@@ -236,11 +235,7 @@ void tst_DataManager::cleanup()
     _dialogs.reset();
     _log.reset();
     _core.reset();
-    DataManager::destroy();
-    SceneManager::destroy();
-    GlobalState::destroy();
-    Log::destroy();
-    EventBus::destroy();
+    _services.reset();
     QDir("projects").removeRecursively();
 }
 

@@ -3,6 +3,7 @@
 #include "events/EventBus.h"
 #include "services/Log.h"
 #include "support/LogRecorder.h"
+#include "support/Services.h"
 
 #include <QDir>
 #include <QFile>
@@ -15,6 +16,7 @@
 
 using namespace TES;
 using TES::Test::LogRecorder;
+using TES::Test::Services;
 
 namespace {
 
@@ -89,6 +91,7 @@ private:
     LogRecorder _log;
     QString const _home = QDir::currentPath();
     QScopedPointer<QTemporaryDir> _folder;
+    std::optional<Services> _services;
 };
 
 void tst_DataState::init()
@@ -96,8 +99,7 @@ void tst_DataState::init()
     // Each case works in a fresh folder of its own.
     _folder.reset(new QTemporaryDir(_home + "/case-XXXXXX"));
     QVERIFY(QDir::setCurrent(_folder->path()));
-    new EventBus();
-    new Log("test.log", false);
+    _services.emplace(Services::Bus | Services::Logging, false);
     Log::i().setLevel(LogLevel::Debug);
     _log.attach();
     _log.messages.clear();
@@ -105,8 +107,7 @@ void tst_DataState::init()
 
 void tst_DataState::cleanup()
 {
-    Log::destroy();
-    EventBus::destroy();
+    _services.reset();
     QDir::setCurrent(_home);
 }
 

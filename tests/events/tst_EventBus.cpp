@@ -58,15 +58,8 @@ void tst_EventBus::cleanup()
 
 void tst_EventBus::eventsAndPrinters()
 {
-    Event event(40, 64);
-    QCOMPARE(event.toString(), QString("EVT_GLOBALSTATE_REQUEST_CLEAN"));
-    QVERIFY(!event.isVetoed());
-    event.veto();
-    QVERIFY(event.isVetoed());
-
-    QCOMPARE(printEventType(0), QString("EVT_TYPE_ERROR"));
-    QCOMPARE(printEventType(37), QString("EVT_SCREEN_ROOTMOVED"));
-    QCOMPARE(printEventType(64), QString("EVT_USER"));
+    // The host's own names are read wherever tests describe events.
+    QCOMPARE(Event(64, 0).toString(), QString("EVT_USER"));
     // A user printer names every number from 64 up, and only those.
     QVERIFY(setUserEventTypePrinter(
         [](unsigned long long type) { return QString("MY_%1").arg(type); }));

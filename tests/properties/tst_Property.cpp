@@ -210,14 +210,9 @@ void tst_Property::jsonForm()
     property->setEnabled(false);
 
     // Only the type, the raw flags and the value: no texts, flags or limits.
-    QJsonObject const json = property->save();
     QCOMPARE(
-        json,
+        property->save(),
         QJsonObject({{"type", "integer"}, {"visible", false}, {"enabled", false}, {"value", 12}}));
-
-    // Another type is refused and changes nothing. Damaged entries are tried on whole models.
-    QVERIFY(!property->load(QJsonObject({{"type", "boolean"}, {"value", 9}})));
-    QCOMPARE(property->save(), json);
 }
 
 void tst_Property::categoryAndGroupNodes()
@@ -234,14 +229,6 @@ void tst_Property::categoryAndGroupNodes()
     // A new category is open, a new group closed.
     QVERIFY(category->getExpanded());
     QVERIFY(!group->getExpanded());
-
-    QVERIFY(category->addChild("grp"));
-    QVERIFY(category->addChild("other"));
-    QVERIFY(!category->addChild("grp"));
-    QCOMPARE(category->children(), std::list<QString>({"grp", "other"}));
-    QVERIFY(!category->removeChild("missing"));
-    QVERIFY(category->removeChild("other"));
-    QCOMPARE(category->childCount(), 1);
 
     RecordingPropertyListener listener;
     model.addListener(&listener);

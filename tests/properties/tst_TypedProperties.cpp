@@ -71,7 +71,6 @@ private slots:
     void floatLimits();
     void combo();
     void buttonAndUuid();
-    void staticAccessors();
 };
 
 void tst_TypedProperties::values_data()
@@ -392,24 +391,6 @@ void tst_TypedProperties::buttonAndUuid()
     // Text that is no uuid loads as the null id.
     QVERIFY(first->load(QJsonObject{{"type", "uuid"}, {"value", "not a uuid"}}));
     QVERIFY(first->getUuid().isNull());
-}
-
-void tst_TypedProperties::staticAccessors()
-{
-    PropertyModel model;
-    add<IntegerProperty>(model, "i");
-    add<HexProperty>(model, "h");
-    FloatProperty real(&model, "f");
-    QVERIFY(AbstractIntegerProperty::Set(&model, "i", -4, Internal));
-    QVERIFY(AbstractHexProperty::Set(&model, "h", 0xFFFFFFFFu, Internal));
-    QCOMPARE(AbstractIntegerProperty::Get(&model, "i"), -4);
-    QCOMPARE(AbstractHexProperty::Get(&model, "h"), 0xFFFFFFFFu);
-
-    // Unknown ids, and properties the model does not hold, read as zero and refuse writes.
-    QVERIFY(!AbstractIntegerProperty::Set(&model, "x", 1, Internal));
-    QCOMPARE(AbstractTextProperty::Get(&model, "x"), QString());
-    QVERIFY(!AbstractFloatProperty::Set(&model, "f", 2.0f, Internal));
-    QCOMPARE(AbstractFloatProperty::Get(&model, "f"), 0.0f);
 }
 
 QTEST_GUILESS_MAIN(tst_TypedProperties)

@@ -3,6 +3,7 @@
 #include "scene/Object.h"
 #include "scene/SceneManager.h"
 #include "scene/TransformSceneObject.h"
+#include "support/Services.h"
 #include "support/TestLeaf.h"
 
 #include <QJsonDocument>
@@ -45,20 +46,19 @@ private slots:
 
     void freshObjectsAndTags();
     void nameGoesThroughTheValidator();
-    void jsonForm();
+
+private:
+    std::optional<Services> _services;
 };
 
 void tst_Object::init()
 {
-    new EventBus();
-    EventBus::i().setEventsEnabled(true);
-    new SceneManager();
+    _services.emplace(Services::Bus | Services::Scene);
 }
 
 void tst_Object::cleanup()
 {
-    SceneManager::destroy();
-    EventBus::destroy();
+    _services.reset();
 }
 
 void tst_Object::freshObjectsAndTags()
@@ -93,29 +93,6 @@ void tst_Object::nameGoesThroughTheValidator()
     QCOMPARE(bare.asked, QStringList({">first", "first>second", "second>refused"}));
     // The answer is the property's: the same value again is refused.
     QVERIFY(!bare.setName("second"));
-}
-
-void tst_Object::jsonForm()
-{
-    Object source;
-    source.setName("header");
-    QJsonObject json;
-    source.save(json);
-    QCOMPARE(json.keys(), QStringList({"properties"}));
-
-    // Through text, as in a project file.
-    QJsonObject const reread = QJsonDocument::fromJson(QJsonDocument(json).toJson()).object();
-    Object copy;
-    QVERIFY(copy.load(reread));
-    QCOMPARE(copy.id(), source.id());
-    QCOMPARE(copy.getName(), QString("header"));
-
-    // A missing or damaged "properties" loads as empty and still answers true.
-    for (QJsonObject const &damaged :
-         {QJsonObject(), QJsonObject{{"properties", "not an object"}}, QJsonObject{{"x", 1}}})
-        QVERIFY(copy.load(damaged));
-    QCOMPARE(copy.id(), source.id());
-    QCOMPARE(copy.getName(), QString("header"));
 }
 
 QTEST_MAIN(tst_Object)

@@ -8,65 +8,16 @@
 #include "services/Log.h"
 #include "support/LogRecorder.h"
 #include "support/RecordingHandler.h"
+#include "support/Services.h"
 #include "support/TestContainer.h"
 #include "support/TestScene.h"
 
-#include <QRandomGenerator>
 #include <QtTest>
 
 using namespace TES;
 using namespace TES::Test;
 
 namespace {
-
-// The rules of the selection as plainly as they can be put: every public call is one change,
-// which is told once, with everything selected and deselected in it, in order, when anything
-// was.
-struct SelectionModel
-{
-    QList<QUuid> selected, added, removed;
-
-    void add(QUuid const &id)
-    {
-        selected.append(id);
-        added.append(id);
-    }
-    void drop(QUuid id)
-    {
-        selected.removeOne(id);
-        removed.append(id);
-    }
-    void clear()
-    {
-        while (!selected.isEmpty())
-            drop(selected.first());
-    }
-    bool fresh(QUuid const &id) const { return !id.isNull() && !selected.contains(id); }
-    // The single forms are lists of one id, except for select.
-    void apply(QString const &operation, QList<QUuid> const &ids, bool list)
-    {
-        QUuid const one = ids.value(0);
-        if (operation == "deselectAll") {
-            clear();
-        } else if (operation == "select" && !list) {
-            // A member of the selection keeps it; anything else replaces it.
-            if (one.isNull() || fresh(one)) {
-                clear();
-                if (fresh(one))
-                    add(one);
-            }
-        } else {
-            if (operation == "select")
-                clear();
-            for (QUuid const &id : ids) {
-                if (selected.contains(id) && (operation == "toggle" || operation == "deselect"))
-                    drop(id);
-                else if (fresh(id) && operation != "deselect")
-                    add(id);
-            }
-        }
-    }
-};
 
 void raise(unsigned long long type)
 {
@@ -91,7 +42,6 @@ private slots:
     void blankEmptiesSilently();
     void screenChangeDeselects();
     void childRemovalDeselects();
-    void randomSequence();
 
 private:
     // The id for a label, made on first use; "0" is the null id.
@@ -109,22 +59,17 @@ private:
 
     QHash<QString, QUuid> _byLabel;
     QHash<QUuid, QString> _byId;
+    std::optional<Services> _services;
 };
 
 void tst_SelectionManager::init()
 {
-    new EventBus();
-    EventBus::i().setEventsEnabled(true);
-    new SceneManager();
-    TestScene::registerFactories();
-    new SelectionManager();
+    _services.emplace(Services::Bus | Services::Scene | Services::Selection);
 }
 
 void tst_SelectionManager::cleanup()
 {
-    SelectionManager::destroy();
-    SceneManager::destroy();
-    EventBus::destroy();
+    _services.reset();
     _byLabel.clear();
     _byId.clear();
 }
@@ -422,48 +367,6 @@ void tst_SelectionManager::childRemovalDeselects()
     selection.setEventsEnabled(false);
     container->removeChild(z);
     QVERIFY(selection.isSelected(z));
-}
-
-void tst_SelectionManager::randomSequence()
-{
-    SelectionManager &selection = SelectionManager::i();
-    QList<QUuid> const pool = _ids("a b c d e f 0");
-    QRandomGenerator random(42);
-    SelectionModel model;
-    RecordingHandler recorder(EVM_SELECT);
-
-    QStringList const operations{"select",   "additiveSelect", "toggle",
-                                 "deselect", "deselectAll",    "blank"};
-    for (int step = 0; step < 4000; ++step) {
-        QString const operation = operations.at(random.bounded(operations.size()));
-        bool const list = random.bounded(2);
-        QList<QUuid> ids;
-        for (int n = list ? random.bounded(5) : 1; n > 0; --n)
-            ids.append(pool.at(random.bounded(pool.size())));
-
-        recorder.clear();
-        if (operation == "blank") {
-            // A blank project empties the selection and tells nobody.
-            raise(EVT_PROJECT_REQUEST_BLANK);
-            model.selected.clear();
-        } else {
-            _apply(operation, ids, list);
-            model.apply(operation, ids, list);
-        }
-
-        QStringList expected;
-        if (!model.added.isEmpty() || !model.removed.isEmpty())
-            expected.append(_change(model.added, model.removed));
-        model.added.clear();
-        model.removed.clear();
-        QVERIFY2(_describe(recorder.events) == expected,
-                 qPrintable(QString("step %1, %2 %3: told [%4], expected [%5]")
-                                .arg(step)
-                                .arg(operation, _labels(ids))
-                                .arg(_describe(recorder.events).join(", "), expected.join(", "))));
-        QCOMPARE(selection.selected(), model.selected);
-        QCOMPARE(selection.current(), model.selected.value(0));
-    }
 }
 
 QTEST_MAIN(tst_SelectionManager)

@@ -4,6 +4,7 @@
 #include "scene/SceneManager.h"
 #include "scene/SceneObjectFactory.h"
 #include "scene/TransformSceneObject.h"
+#include "support/Services.h"
 #include "support/TestContainer.h"
 #include "support/TestLeaf.h"
 #include "support/TestScene.h"
@@ -84,20 +85,17 @@ private:
     void _buildPickScene();
 
     QUuid R, A, A1, A2, B;
+    std::optional<Services> _services;
 };
 
 void tst_TransformSceneObject::init()
 {
-    new EventBus();
-    EventBus::i().setEventsEnabled(true);
-    new SceneManager();
-    TestScene::registerFactories();
+    _services.emplace(Services::Bus | Services::Scene);
 }
 
 void tst_TransformSceneObject::cleanup()
 {
-    SceneManager::destroy();
-    EventBus::destroy();
+    _services.reset();
 }
 
 void tst_TransformSceneObject::_buildPickScene()

@@ -2,10 +2,9 @@
 #include "support/TestScene.h"
 
 #include "scene/SceneManager.h"
+#include "scene/SceneObjectFactory.h"
 #include "support/TestContainer.h"
-#include "support/TestContainerFactory.h"
 #include "support/TestLeaf.h"
-#include "support/TestLeafFactory.h"
 #include "support/TestScreen.h"
 #include "support/TestScreenFactory.h"
 
@@ -21,12 +20,27 @@ T *find(QUuid const &id)
     return dynamic_cast<T *>(SceneManager::ip()->getObject(id).toStrongRef().data());
 }
 
+// Makes the test objects of one class under its Type() name.
+template<typename T>
+class Factory : public SceneObjectFactory
+{
+public:
+    explicit Factory(QString label) : _label(std::move(label)) {}
+    QString text() override { return T::Type(); }
+    QString label() override { return _label; }
+    QIcon icon() override { return QIcon(); }
+    QSharedPointer<SceneObject> create() override { return QSharedPointer<T>::create(); }
+
+private:
+    QString _label;
+};
+
 } // namespace
 
 bool TestScene::registerFactories()
 {
-    static TestContainerFactory containerFactory;
-    static TestLeafFactory leafFactory;
+    static Factory<TestContainer> containerFactory("Container");
+    static Factory<TestLeaf> leafFactory("Leaf");
     if (!SceneManager::ip())
         return false;
     screenFactory().clear();

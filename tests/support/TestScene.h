@@ -13,17 +13,10 @@ class TestSceneObject;
 class TestScreen;
 class TestScreenFactory;
 
-// Builds the test scene inside the current SceneManager, which the test creates (and an
-// EventBus too, when it wants the events). The factories are process-wide objects, so a new
-// SceneManager per test function only needs registerFactories() again.
-//
-// A typical set-up:
-//     new EventBus(); EventBus::i().setEventsEnabled(true);
-//     new SceneManager(); TestScene::registerFactories();
-//     QUuid screen = TestScene::addScreen("main");
-//     QUuid group = TestScene::addContainer(screen, QRect(10, 10, 200, 100));
-//     QUuid item = TestScene::addLeaf(group, QRect(5, 5, 20, 20));
-// and SceneManager::destroy(), EventBus::destroy() in cleanup.
+// Builds the test scene inside the current SceneManager, which the test brings up (with an
+// EventBus when it wants the events; see Services, which also registers the factories). The
+// factories are process-wide objects, so a new SceneManager only needs registerFactories()
+// again.
 class TestScene
 {
 public:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/TestScreen.h"
 
+#include "designer/ScreenOverlay.h"
 #include "events/EventBus.h"
 #include "events/ScreenEvents.h"
 #include "scene/SceneManager.h"
@@ -11,6 +12,7 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QPainter>
+#include <QWidget>
 
 namespace TES::Test {
 
@@ -161,9 +163,14 @@ QList<QUuid> TestScreen::pick(QRect const &rect, bool clip, QList<QUuid> exclude
 QImage TestScreen::render(bool)
 {
     QSize const size = SceneManager::ip() ? SceneManager::ip()->screenSize() : QSize(480, 272);
-    QImage image(size, QImage::Format_ARGB32);
-    image.fill(Qt::white);
+    // On the design surface, the whole overlay with the page where the surface puts it.
+    QWidget const *overlay = ScreenOverlay::ip() ? ScreenOverlay::ip()->overlayWidget() : nullptr;
+    QRect const page = overlay ? ScreenOverlay::ip()->screenRect() : QRect(QPoint(0, 0), size);
+    QImage image(overlay ? overlay->size() : size, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
     QPainter painter(&image);
+    painter.fillRect(page, Qt::white);
+    painter.translate(page.topLeft());
     for (QUuid const &id : objects()) {
         if (auto object = resolve(id))
             painter.drawRect(object->rootRectangle());

@@ -46,7 +46,8 @@ public:
     void deactivated() override;
     QUuid pick(QPoint const &point, bool clip, QList<QUuid> exclude) override;
     QList<QUuid> pick(QRect const &rect, bool clip, QList<QUuid> exclude) override;
-    // The screen size in white with the outline of every object, in black.
+    // The screen size in white with the outline of every object, in black; with a design
+    // surface, the size of its overlay with the page at ScreenOverlay::screenRect().
     QImage render(bool) override;
     QImage thumbnail(QSize const &size) override;
     void initializeNew() override;

@@ -33,8 +33,6 @@ private slots:
 
     void setFromString_data();
     void setFromString();
-    void validate_data();
-    void validate();
     void typedPrefix();
     void typingIsCheckedKeyByKey();
     void paddedToTheMaximum();
@@ -95,37 +93,6 @@ void tst_HexSpinBox::setFromString()
     QCOMPARE(spin->getValue(), value);
     QCOMPARE(changed.size(), ok ? 1 : 0);
     QCOMPARE(spin->text(), QString::number(value, 16).toUpper());
-}
-
-void tst_HexSpinBox::validate_data()
-{
-    QTest::addColumn<QString>("input");
-    QTest::addColumn<int>("state");
-    QTest::addColumn<QString>("output");
-
-    int const ok = QValidator::Acceptable;
-    int const bad = QValidator::Invalid;
-    QTest::newRow("empty") << "" << ok << "";
-    QTest::newRow("lower case") << "ab" << ok << "AB";
-    QTest::newRow("prefixed") << "0x1f" << ok << "0X1F";
-    // Never Intermediate: a prefix on its own is refused outright.
-    QTest::newRow("prefix alone") << "0x" << bad << "0x";
-    QTest::newRow("inner blank") << "1 2" << bad << "1 2";
-    QTest::newRow("above the maximum") << "1000" << bad << "1000";
-}
-
-void tst_HexSpinBox::validate()
-{
-    QFETCH(QString, input);
-    QFETCH(int, state);
-    QFETCH(QString, output);
-
-    spin->setMaximum(0xFFF);
-    spin->setMinimum(0x10);
-    int pos = 1;
-    QCOMPARE(static_cast<int>(spin->validate(input, pos)), state);
-    QCOMPARE(input, output);
-    QCOMPARE(pos, 1);
 }
 
 void tst_HexSpinBox::typedPrefix()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "events/EventBus.h"
 #include "services/Log.h"
+#include "support/Services.h"
 #include "windows/ConsoleWindow.h"
 
 #include <QAction>
@@ -12,6 +13,7 @@
 #include <memory>
 
 using namespace TES;
+using TES::Test::Services;
 
 namespace {
 
@@ -48,18 +50,19 @@ private slots:
     void showsBacklogThenEveryLine();
     void lineFormat();
     void followsOnlyFromTheBottom();
+
+private:
+    std::optional<Services> _services;
 };
 
 void tst_ConsoleWindow::init()
 {
-    new EventBus();
-    new Log("tessera.log", true);
+    _services.emplace(Services::Bus | Services::Logging, false);
 }
 
 void tst_ConsoleWindow::cleanup()
 {
-    Log::destroy();
-    EventBus::destroy();
+    _services.reset();
 }
 
 void tst_ConsoleWindow::showsBacklogThenEveryLine()

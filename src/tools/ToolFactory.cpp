@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#include "tools/ToolFactory.h"
+
+namespace TES {
+
+ToolFactory::~ToolFactory() = default;
+
+} // namespace TES
