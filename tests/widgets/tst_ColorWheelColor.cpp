@@ -283,14 +283,15 @@ void tst_ColorWheelColor::lerp()
     QColor const clearWhite(255, 255, 255, 0);
     QCOMPARE(ColorWheelColor::Lerp(black, clearWhite, 0.5f), QColor::fromRgbF(.5, .5, .5, .5));
 
-    // 0 and 100 hand back copies, keeping the colour's spec; 1 mixes into a new RGB colour.
+    // 0 and 100 hand back copies, keeping the colour model (QColor's == compares it too);
+    // 1 mixes into a new RGB colour.
     QColor const hsvRed = QColor::fromHsv(0, 255, 255);
     QColor const hsvBlue = QColor::fromHsv(240, 255, 255);
-    QCOMPARE(ColorWheelColor::Lerp(hsvRed, hsvBlue, 0.0f).spec(), QColor::Hsv);
-    QCOMPARE(ColorWheelColor::Lerp(hsvRed, hsvBlue, 100.0f).spec(), QColor::Hsv);
+    QCOMPARE(ColorWheelColor::Lerp(hsvRed, hsvBlue, 0.0f), hsvRed);
+    QVERIFY(ColorWheelColor::Lerp(hsvRed, hsvBlue, 0.0f) != hsvRed.toRgb());
     QCOMPARE(ColorWheelColor::Lerp(hsvRed, hsvBlue, 100.0f), hsvBlue);
     QColor const one = ColorWheelColor::Lerp(hsvRed, hsvBlue, 1.0f);
-    QCOMPARE(one.spec(), QColor::Rgb);
+    QCOMPARE(one, one.toRgb());
     QCOMPARE(one.rgba(), hsvBlue.rgba());
 }
 
